@@ -1,0 +1,2 @@
+#pragma once
+// Private-profile INI file access; implemented with the settings store.

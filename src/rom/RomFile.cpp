@@ -1,0 +1,129 @@
+#include "rom/RomFile.h"
+
+#include <algorithm>
+#include <cstring>
+#include <filesystem>
+#include <system_error>
+#include <utility>
+
+namespace kartova {
+
+namespace {
+std::FILE* OpenOrCreate(const std::string& path, const char* mode) {
+  std::error_code ec;
+  if (std::filesystem::is_directory(path, ec)) return nullptr;
+  std::FILE* f = std::fopen(path.c_str(), mode);
+  if (f) return f;
+  // Create the file if it is missing, without truncating one that exists but refused us.
+  if (std::FILE* created = std::fopen(path.c_str(), "ab")) {
+    std::fclose(created);
+    f = std::fopen(path.c_str(), mode);
+  }
+  return f;
+}
+
+std::int64_t FileSize(std::FILE* f) {
+  if (!f || std::fseek(f, 0, SEEK_END) != 0) return 0;
+  long size = std::ftell(f);
+  return size < 0 ? 0 : size;
+}
+}  // namespace
+
+RomFile::RomFile(std::FILE* file, bool writable) : file_(file), writable_(writable) {
+  size_ = FileSize(file_);
+  if (writable_ && !file_) write_failed_ = true;
+}
+
+RomFile RomFile::OpenForRead(const std::string& path) {
+  return RomFile(OpenOrCreate(path, "rb"), false);
+}
+
+RomFile RomFile::OpenForWrite(const std::string& path) {
+  return RomFile(OpenOrCreate(path, "r+b"), true);
+}
+
+RomFile::RomFile(RomFile&& o) noexcept { *this = std::move(o); }
+
+RomFile& RomFile::operator=(RomFile&& o) noexcept {
+  if (this != &o) {
+    Close();
+    file_ = std::exchange(o.file_, nullptr);
+    writable_ = o.writable_;
+    write_failed_ = o.write_failed_;
+    size_ = o.size_;
+    position_ = o.position_;
+    system_reads_ = o.system_reads_;
+    pages_ = std::move(o.pages_);
+  }
+  return *this;
+}
+
+RomFile::~RomFile() { Close(); }
+
+bool RomFile::Close() {
+  if (file_) {
+    if (std::fclose(file_) != 0 && writable_) write_failed_ = true;
+    file_ = nullptr;
+  }
+  pages_.clear();
+  return !write_failed_;
+}
+
+const std::vector<std::uint8_t>* RomFile::Page(std::int64_t index) {
+  auto it = pages_.find(index);
+  if (it != pages_.end()) return &it->second;
+  std::vector<std::uint8_t> page;
+  std::int64_t start = index * kPageSize;
+  if (file_ && !writable_ && start < size_) {
+    page.resize(static_cast<size_t>(std::min(kPageSize, size_ - start)));
+    ++system_reads_;
+    size_t got = 0;
+    if (std::fseek(file_, start, SEEK_SET) == 0) got = std::fread(page.data(), 1, page.size(), file_);
+    page.resize(got);
+  }
+  return &pages_.emplace(index, std::move(page)).first->second;
+}
+
+std::size_t RomFile::ReadBytes(std::uint8_t* dst, std::size_t n) {
+  std::size_t done = 0;
+  std::int64_t pos = position_;
+  position_ += static_cast<std::int64_t>(n);
+  if (pos < 0 || !file_ || writable_) return 0;
+  while (done < n && pos < size_) {
+    const auto* page = Page(pos / kPageSize);
+    std::int64_t in_page = pos % kPageSize;
+    if (in_page >= static_cast<std::int64_t>(page->size())) break;  // file shrank under us
+    std::size_t take = std::min<std::size_t>(n - done, page->size() - static_cast<size_t>(in_page));
+    std::memcpy(dst + done, page->data() + in_page, take);
+    done += take;
+    pos += static_cast<std::int64_t>(take);
+  }
+  return done;
+}
+
+std::uint8_t RomFile::ReadByte() {
+  std::uint8_t b = 0;
+  ReadBytes(&b, 1);
+  return b;
+}
+
+std::uint16_t RomFile::ReadWord() {
+  std::uint8_t b[2] = {0, 0};
+  ReadBytes(b, 2);
+  return static_cast<std::uint16_t>(b[0] | (b[1] << 8));
+}
+
+bool RomFile::WriteBytes(const std::uint8_t* src, std::size_t n) {
+  std::int64_t pos = position_;
+  position_ += static_cast<std::int64_t>(n);
+  if (n == 0) return !write_failed_;
+  if (!file_ || !writable_ || pos < 0 || std::fseek(file_, pos, SEEK_SET) != 0 ||
+      std::fwrite(src, 1, n, file_) != n) {
+    write_failed_ = true;
+    return false;
+  }
+  size_ = std::max(size_, pos + static_cast<std::int64_t>(n));
+  return true;
+}
+
+}  // namespace kartova
