@@ -44,6 +44,13 @@ class SettingsStore : public SettingsReader {
   // "reg" into both and returns true (the caller shows the message). Sets kind().
   bool ChooseBackEnd();
 
+  // The kind the start-up decision would choose, without repairing anything or changing kind():
+  // the registry when the two selectors disagree. For readers such as the command line tool.
+  int PeekBackEnd() const;
+
+  static constexpr const char* kSettingsSection = "Settings";
+  static constexpr const char* kSelectorKey = "DefaultPropertyPath";
+
  private:
   std::string ini_directory_;
   std::string registry_file_;

@@ -1,0 +1,83 @@
+// kartova-cli info ROM: what the editor learns about a ROM when it opens it.
+
+#include <filesystem>
+#include <ostream>
+#include <system_error>
+
+#include "cli/Command.h"
+#include "cli/Json.h"
+#include "maps/RomDocument.h"
+#include "rom/RomDefinition.h"
+
+namespace kartova::cli {
+
+namespace {
+
+void AddDefinition(Json& info, const RomDefinition& def) {
+  info.Set("title", def.section);
+  info.Set("headerLength", def.header_length);
+  info.Set("mapNameTable", def.map_name_table);
+  info.Set("tilesetBase", def.tileset_base);
+
+  // One label per header byte beyond the ninth, as the header page shows them.
+  Json names = Json::Array();
+  for (std::int32_t i = 0; i < def.header_length - 9; ++i)
+    names.Push(def.extra_header_byte_names[static_cast<std::size_t>(i)]);
+  info.Set("extraHeaderByteNames", std::move(names));
+
+  Json lists = Json::Object();
+  lists.Set("TilesetNames", Json::ArrayOf(def.name_lists[RomDefinition::kTilesetNames]));
+  lists.Set("AbilityNames", Json::ArrayOf(def.name_lists[RomDefinition::kAbilityNames]));
+  lists.Set("MusicNames", Json::ArrayOf(def.name_lists[RomDefinition::kMusicNames]));
+  lists.Set("TimeNames", Json::ArrayOf(def.name_lists[RomDefinition::kTimeNames]));
+  info.Set("lists", std::move(lists));
+}
+
+// The map bank table as read, the maps counted in each bank and the location names.
+void AddMapBankTable(Json& info, const RomDocument& doc) {
+  info.Set("groupPointers", Json::ArrayOf(doc.GroupPointers()));
+  info.Set("mapCounts", Json::ArrayOf(doc.MapCountPerBank()));
+  info.Set("mapNames", Json::ArrayOf(doc.MapNames()));
+}
+
+// The whole `info` document. Facts about the ROM beyond its definition get their keys here,
+// each from its own Add... function.
+Json BuildInfo(const std::string& rom_path, const SettingsReader& settings) {
+  RomDocument doc;
+  doc.OpenRom(rom_path, settings);
+  Json info = Json::Object();
+  AddDefinition(info, doc.Definition());
+  AddMapBankTable(info, doc);
+  return info;
+}
+
+int RunInfo(const CommandContext& ctx) {
+  if (ctx.args.size() != 1) {
+    ctx.err << "kartova-cli: info needs exactly one ROM file\n"
+            << "Usage: kartova-cli [--ini FILE] info ROM\n";
+    return 2;
+  }
+  const std::string& rom = ctx.args[0];
+  std::error_code ec;
+  if (std::filesystem::is_directory(std::filesystem::path(std::u8string(rom.begin(), rom.end())), ec)) {
+    ctx.err << "kartova-cli: " << rom << " is a directory, not a ROM file\n";
+    return 1;
+  }
+  ctx.out << BuildInfo(rom, ctx.settings);
+  return 0;
+}
+
+const CommandRegistrar kInfoCommand(Command{
+    "info", "info ROM",
+    "Prints as JSON the ROM definition the editor uses for ROM: the title bytes at 0x134 as 32 "
+    "hex digits (the name of the definition section), headerLength, mapNameTable and "
+    "tilesetBase, the labels of the header bytes beyond the ninth (extraHeaderByteNames) and "
+    "the name lists (lists: TilesetNames, AbilityNames, MusicNames, TimeNames); then the map "
+    "bank table: groupPointers (the 26 pointers as read), mapCounts (the maps counted in each "
+    "bank) and mapNames (the 95 location names as the editor shows them). A ROM file that "
+    "does not exist is created empty, as the editor does, and gives the defaults.",
+    RunInfo});
+
+}  // namespace
+
+}  // namespace kartova::cli
