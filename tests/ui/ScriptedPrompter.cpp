@@ -1,0 +1,56 @@
+#include "ScriptedPrompter.h"
+
+#include <gtest/gtest.h>
+
+namespace kartova::test {
+
+ScriptedPrompter::~ScriptedPrompter() {
+  if (!script_.empty())
+    ADD_FAILURE() << script_.size() << " expected prompt(s) never came, the first: "
+                  << script_.front().text.toStdString();
+}
+
+void ScriptedPrompter::ExpectMessage(const QString& text, Answer answer) {
+  script_.push_back({Kind::kMessage, text, answer, std::nullopt});
+}
+
+std::optional<ScriptedPrompter::Step> ScriptedPrompter::Next(const Asked& prompt) {
+  asked.push_back(prompt);
+  if (script_.empty() || script_.front().kind != prompt.kind) {
+    ADD_FAILURE() << "unexpected prompt: " << prompt.text.toStdString();
+    return std::nullopt;
+  }
+  Step step = script_.front();
+  script_.pop_front();
+  return step;
+}
+
+Prompter::Answer ScriptedPrompter::Message(const QString& text, const QString& title,
+                                           Buttons buttons, Icon icon) {
+  const std::optional<Step> step = Next({Kind::kMessage, text, title, buttons, icon, {}, {}});
+  if (!step) return buttons == Buttons::kOk ? Answer::kOk : Answer::kCancel;
+  if (!step->text.isEmpty()) {
+    EXPECT_EQ(step->text.toStdString(), text.toStdString());
+  }
+  return step->answer;
+}
+
+std::optional<QString> ScriptedPrompter::FileDialog(Kind kind, const QString& title,
+                                                    const QString& start_dir,
+                                                    const QStringList& name_filters) {
+  const std::optional<Step> step =
+      Next({kind, title, title, Buttons::kOk, Icon::kNone, start_dir, name_filters});
+  return step ? step->path : std::nullopt;
+}
+
+std::optional<QString> ScriptedPrompter::OpenFile(const QString& title, const QString& start_dir,
+                                                  const QStringList& name_filters) {
+  return FileDialog(Kind::kOpenFile, title, start_dir, name_filters);
+}
+
+std::optional<QString> ScriptedPrompter::SaveFile(const QString& title, const QString& start_dir,
+                                                  const QStringList& name_filters) {
+  return FileDialog(Kind::kSaveFile, title, start_dir, name_filters);
+}
+
+}  // namespace kartova::test

@@ -1,0 +1,63 @@
+#pragma once
+
+#include <deque>
+#include <optional>
+#include <vector>
+
+#include "ui/Prompter.h"
+
+namespace kartova::test {
+
+// Answers the editor's message boxes and file dialogs from a script and records every prompt.
+// A prompt the script does not expect fails the test and is answered as cancelled; an expected
+// one that never comes fails it at the end.
+class ScriptedPrompter : public Prompter {
+ public:
+  enum class Kind { kMessage, kOpenFile, kSaveFile };
+  struct Asked {
+    Kind kind;
+    QString text;  // the message, or the dialog's title
+    QString title;
+    Buttons buttons;
+    Icon icon;
+    QString start_dir;
+    QStringList filters;
+  };
+
+  ~ScriptedPrompter() override;
+
+  // The next prompt is a message with this text (any text when empty).
+  void ExpectMessage(const QString& text, Answer answer = Answer::kOk);
+  // The next prompt is that file dialog; nullopt cancels it.
+  void ExpectOpenFile(std::optional<QString> path) {
+    script_.push_back({Kind::kOpenFile, {}, {}, path});
+  }
+  void ExpectSaveFile(std::optional<QString> path) {
+    script_.push_back({Kind::kSaveFile, {}, {}, path});
+  }
+
+  Answer Message(const QString& text, const QString& title, Buttons buttons, Icon icon) override;
+  std::optional<QString> OpenFile(const QString& title, const QString& start_dir,
+                                  const QStringList& name_filters) override;
+  std::optional<QString> SaveFile(const QString& title, const QString& start_dir,
+                                  const QStringList& name_filters) override;
+  void OpenDocument(const QString& url) override { documents.push_back(url); }
+
+  std::vector<Asked> asked;
+  std::vector<QString> documents;
+
+ private:
+  struct Step {
+    Kind kind;
+    QString text;
+    Answer answer;
+    std::optional<QString> path;
+  };
+  std::optional<Step> Next(const Asked& asked);
+  std::optional<QString> FileDialog(Kind kind, const QString& title, const QString& start_dir,
+                                    const QStringList& name_filters);
+
+  std::deque<Step> script_;
+};
+
+}  // namespace kartova::test

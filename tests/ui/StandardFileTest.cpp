@@ -1,0 +1,103 @@
+#include <filesystem>
+
+#include "MainWindowFixture.h"
+
+namespace kartova::test {
+namespace {
+
+class StandardFileTest : public MainWindowTest {
+ protected:
+  std::string MakeRom(const std::string& name) {
+    const std::string path = dir_.File(name);
+    WriteFileBytes(path, std::vector<std::uint8_t>(0x200, 0));
+    return path;
+  }
+  // Makes a ROM current the way opening it does.
+  QString OpenFakeRom(const std::string& name) {
+    window_->set_rom_path(QString::fromStdString(MakeRom(name)));
+    window_->UpdateStandardFileItems();
+    window_->SetWindowTitle();
+    return window_->rom_path();
+  }
+};
+
+TEST_F(StandardFileTest, AnExistingStandardFileIsOpenedAtStartup) {
+  const std::string rom = MakeRom("spiel.gbc");
+  PresetRegistry("StdFile", rom);
+  ObservedMainWindow& window = StartWindow();
+  EXPECT_TRUE(Enabled("mnuStdLoad") && Enabled("mnuStdClear"));
+  ASSERT_EQ(window.opened_paths.size(), 1u);
+  EXPECT_EQ(window.opened_paths[0].toStdString(), rom);
+}
+
+TEST_F(StandardFileTest, WithoutAutoLoadTheStandardFileWaitsForItsItem) {
+  const std::string rom = MakeRom("spiel.gbc");
+  PresetRegistry("StdFile", rom);
+  PresetRegistry("AutoLoad", "0");
+  ObservedMainWindow& window = StartWindow();
+  EXPECT_TRUE(window.opened_paths.empty());
+  Click("mnuStdLoad");
+  ASSERT_EQ(window.opened_paths.size(), 1u);
+  EXPECT_EQ(window.rom_path().toStdString(), rom);
+}
+
+TEST_F(StandardFileTest, AMissingStandardFileLeavesTheDesignState) {
+  PresetRegistry("StdFile", dir_.File("weg.gbc"));
+  ObservedMainWindow& window = StartWindow();
+  EXPECT_FALSE(Enabled("mnuStdLoad") || Enabled("mnuStdClear") || Enabled("mnuStdSet"));
+  EXPECT_TRUE(window.opened_paths.empty());
+}
+
+TEST_F(StandardFileTest, SetAndClearUpdateItemsTitleAndSetting) {
+  ObservedMainWindow& window = StartWindow();
+  const QString rom = OpenFakeRom("karte.gbc");
+  EXPECT_EQ(window.windowTitle(), "Kartova v1.38 - karte.gbc");
+  Click("mnuStdSet");
+  EXPECT_EQ(window.windowTitle(), "Kartova v1.38 - karte.gbc (Standard)");
+  EXPECT_EQ(Registry("StdFile"), rom.toStdString());
+  EXPECT_TRUE(Enabled("mnuStdClear"));
+  EXPECT_FALSE(Enabled("mnuStdSet") || Enabled("mnuStdLoad"));
+
+  OpenFakeRom("andere.gb");
+  EXPECT_EQ(window.windowTitle(), "Kartova v1.38 - andere.gb");
+  EXPECT_TRUE(Enabled("mnuStdSet") && Enabled("mnuStdLoad"));
+
+  Click("mnuStdClear");
+  EXPECT_EQ(Registry("StdFile"), "");
+  EXPECT_TRUE(Enabled("mnuStdSet"));
+  EXPECT_FALSE(Enabled("mnuStdClear") || Enabled("mnuStdLoad"));
+}
+
+TEST_F(StandardFileTest, ClearingAfterTheRomWasDeletedKeepsSetDisabled) {
+  StartWindow();
+  const QString rom = OpenFakeRom("karte.gbc");
+  Click("mnuStdSet");
+  std::filesystem::remove(rom.toStdString());
+  Click("mnuStdClear");
+  EXPECT_FALSE(Enabled("mnuStdSet"));
+}
+
+TEST_F(StandardFileTest, TitleNeedsASeparatorInThePath) {
+  PresetRegistry("StdFile", MakeRom("spiel.gbc"));
+  PresetRegistry("AutoLoad", "0");
+  ObservedMainWindow& window = StartWindow();
+  // Cleared before any ROM is open, the empty path equals the empty standard file.
+  Click("mnuStdClear");
+  EXPECT_EQ(window.windowTitle(), "Kartova v1.38 (Standard)");
+  window.set_rom_path("C:\\Roms\\alt.gbc");
+  window.SetWindowTitle();
+  EXPECT_EQ(window.windowTitle(), "Kartova v1.38 - alt.gbc");
+  window.set_rom_path("ohne-pfad.gbc");
+  window.SetWindowTitle();
+  EXPECT_EQ(window.windowTitle(), "Kartova v1.38 - alt.gbc");
+}
+
+TEST_F(StandardFileTest, AutoLoadToggleStores) {
+  StartWindow();
+  Click("mnuStdAutoLoad");
+  EXPECT_FALSE(Checked("mnuStdAutoLoad"));
+  EXPECT_EQ(Registry("AutoLoad"), "0");
+}
+
+}  // namespace
+}  // namespace kartova::test

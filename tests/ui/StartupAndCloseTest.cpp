@@ -1,0 +1,120 @@
+#include <QComboBox>
+#include <QCoreApplication>
+#include <QGuiApplication>
+#include <QScreen>
+
+#include "MainWindowFixture.h"
+
+namespace kartova::test {
+namespace {
+
+using StartupTest = MainWindowTest;
+
+TEST_F(StartupTest, FirstStartWithEmptySettings) {
+  ObservedMainWindow& window = StartWindow();
+  EXPECT_TRUE(prompter_.asked.empty());
+  EXPECT_EQ(store_->kind(), SettingsStore::kRegistry);
+  EXPECT_EQ(window.windowTitle(), "Kartova v1.38");
+  EXPECT_EQ(window.size(), QSize(PixelsX(9060), PixelsY(7920)));
+  const QRect screen = window.screen()->geometry();
+  EXPECT_NEAR(window.x(), (screen.width() - window.width()) / 2, 1);
+  EXPECT_NEAR(window.y(), (screen.height() - window.height()) / 2, 1);
+  EXPECT_EQ(window.windowState(), Qt::WindowNoState);
+
+  EXPECT_TRUE(Checked("mnuScrModeDyn") && !Checked("mnuScrModeStatic"));
+  EXPECT_TRUE(Checked("mnuShowDirLine") && Checked("mnuStdAutoLoad"));
+  EXPECT_FLOAT_EQ(window.scroll_speed(), 1.0f);
+  EXPECT_TRUE(Checked("mnuScrSpeedNormal"));
+  EXPECT_FALSE(Checked("mnuScrSpeedFast") || Checked("mnuScrSpeedSlow") ||
+               Checked("mnuScrSpeedSign"));
+  EXPECT_TRUE(Checked("mnuEventZoom") && !Checked("mnuMapZoom") && !Checked("mnuTilesetZoom"));
+  EXPECT_EQ(window.event_zoom() * 10 + window.map_zoom(), 21);
+  EXPECT_TRUE(Checked("mnuDayAuto"));
+  EXPECT_EQ(window.time_of_day(), 8);
+  EXPECT_EQ(window.findChild<QComboBox*>("Combo1")->currentIndex(), 0);
+  EXPECT_EQ(window.open_dialog_dir().toStdString(), program_dir_);
+  EXPECT_TRUE(window.opened_paths.empty());
+  // A start writes nothing but a repaired selector.
+  EXPECT_EQ(Registry("WinSizeX"), "<none>");
+}
+
+TEST_F(StartupTest, SavedGeometryIsRestoredWithinTheScreen) {
+  PresetRegistry("WinSizeX", "9900");
+  PresetRegistry("WinSizeY", "8100");
+  PresetRegistry("WinPosX", "300");
+  PresetRegistry("WinPosY", "-450");
+  ObservedMainWindow& window = StartWindow();
+  EXPECT_EQ(window.size(), QSize(PixelsX(9900), PixelsY(8100)));
+  EXPECT_EQ(window.pos(), QPoint(PixelsX(300), PixelsY(-450)));
+}
+
+TEST_F(StartupTest, OversizedSettingsFallBackByTheOldRules) {
+  const QScreen* screen = QGuiApplication::primaryScreen();
+  const int tall = static_cast<int>((screen->geometry().height() + 100) * 1440.0 /
+                                    screen->logicalDotsPerInchY());
+  PresetRegistry("WinSizeX", "99999999999999999999");
+  PresetRegistry("WinSizeY", std::to_string(tall));
+  PresetRegistry("WinPosX", "900000");
+  ObservedMainWindow& window = StartWindow();
+  // A height that does not fit narrows the window and is kept.
+  EXPECT_EQ(window.size(), QSize(PixelsX(7920), PixelsY(tall)));
+  EXPECT_NEAR(window.x(), (screen->geometry().width() - window.width()) / 2, 1);
+  EXPECT_LT(window.y(), 0);
+}
+
+TEST_F(StartupTest, UnreadableSizesEndAtTheMinimum) {
+  PresetRegistry("WinSizeX", "abc");
+  PresetRegistry("WinSizeY", "-5000");
+  PresetRegistry("WindowState", "7");
+  ObservedMainWindow& window = StartWindow();
+  EXPECT_EQ(window.windowState(), Qt::WindowNoState);
+  window.resize(10, 10);
+  QCoreApplication::processEvents();
+  EXPECT_EQ(TwipsTextX(window.width()), "6495");
+  EXPECT_EQ(TwipsTextY(window.height()), "7920");
+}
+
+using CloseTest = MainWindowTest;
+
+TEST_F(CloseTest, ExitWritesTheGeometryKeys) {
+  ObservedMainWindow& window = StartWindow();
+  window.resize(PixelsX(9600), PixelsY(8400));
+  window.move(PixelsX(600), PixelsY(750));
+  QCoreApplication::processEvents();
+  Click("mnuExit");
+  EXPECT_FALSE(window.isVisible());
+  EXPECT_EQ(Registry("WindowState"), "0");
+  EXPECT_EQ(Registry("WinSizeX"), TwipsTextX(PixelsX(9600)));
+  EXPECT_EQ(Registry("WinSizeY"), TwipsTextY(PixelsY(8400)));
+  EXPECT_EQ(Registry("WinPosX"), TwipsTextX(PixelsX(600)));
+  EXPECT_EQ(Registry("WinPosY"), TwipsTextY(PixelsY(750)));
+  EXPECT_EQ(Ini("WinSizeX"), "<none>");
+}
+
+TEST_F(CloseTest, ClosingMaximisedKeepsTheNormalSizeAndTheMaximisedPosition) {
+  ObservedMainWindow& window = StartWindow();
+  window.resize(PixelsX(9600), PixelsY(8400));
+  window.move(PixelsX(600), PixelsY(750));
+  QCoreApplication::processEvents();
+  window.showMaximized();
+  QCoreApplication::processEvents();
+  ASSERT_TRUE(window.isMaximized());
+  ASSERT_NE(window.pos(), QPoint(PixelsX(600), PixelsY(750)));
+  window.close();
+  EXPECT_EQ(Registry("WindowState"), "2");
+  EXPECT_EQ(Registry("WinSizeX"), TwipsTextX(PixelsX(9600)));
+  EXPECT_EQ(Registry("WinSizeY"), TwipsTextY(PixelsY(8400)));
+  EXPECT_EQ(Registry("WinPosX"), TwipsTextX(window.x()));
+  EXPECT_EQ(Registry("WinPosY"), TwipsTextY(window.y()));
+}
+
+TEST_F(CloseTest, AStoredMaximisedStateIsRestoredOverTheNormalSize) {
+  PresetRegistry("WindowState", "2");
+  ObservedMainWindow& window = StartWindow();
+  EXPECT_TRUE(window.isMaximized());
+  window.close();
+  EXPECT_EQ(Registry("WinSizeX"), TwipsTextX(PixelsX(9060)));
+}
+
+}  // namespace
+}  // namespace kartova::test
