@@ -14,10 +14,10 @@ namespace {
 
 TEST(MapCommandTest, PrintsTheHeadersOfAListedMapAndRefusesOthers) {
   test::TempDir dir;
-  MapSpec spec;
-  spec.width = 12;
-  spec.height = 7;
-  const BuiltRom world = RomBuilder().Map(4, spec).Map(4, spec).BuildWithLayout();
+  MapSpec m;
+  m.width = 12;
+  m.height = 7;
+  const BuiltRom world = RomBuilder().Map(4, m).Map(4, m).BuildWithLayout();
   const std::string rom = dir.File("world.gbc"), ini = dir.File("k.ini");
   test::WriteFileBytes(rom, world.bytes);
   test::WriteFileText(ini, "");

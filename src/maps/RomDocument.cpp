@@ -1,0 +1,120 @@
+#include "maps/RomDocument.h"
+
+#include <filesystem>
+#include <utility>
+
+#include "maps/MapNames.h"
+#include "rom/Address.h"
+#include "rom/RomFile.h"
+#include "rom/RuntimeError.h"
+
+namespace kartova {
+
+namespace {
+
+// The file's read-only attribute: no write permission for its owner.
+bool IsReadOnlyFile(const std::string& path) {
+  std::error_code ec;
+  const auto status = std::filesystem::status(path, ec);
+  if (ec || !std::filesystem::is_regular_file(status)) return false;
+  return (status.permissions() & std::filesystem::perms::owner_write) == std::filesystem::perms::none;
+}
+
+}  // namespace
+
+RomDocument::RomDocument() = default;
+
+void RomDocument::OpenRom(const std::string& path, const SettingsReader& settings) {
+  // Everything is read into locals first, so a runtime error leaves the previous ROM current.
+  RomDefinition definition = ReadRomDefinition(path, settings);
+  RomFile rom = RomFile::OpenForRead(path);
+  const MapGroupPointers groups = ReadMapGroupTable(rom);
+  MapCounts counts{};
+  for (int bank = 0; bank < kMapBankCount; ++bank)
+    counts[static_cast<size_t>(bank)] = CountMapsInBank(rom, groups, bank, definition.header_length);
+  LocationNames names = ReadLocationNames(rom, definition.map_name_table, text_table_);
+  last_system_reads_ = rom.SystemReads();
+  rom.Close();
+
+  rom_path_ = path;
+  read_only_ = IsReadOnlyFile(path);
+  definition_ = std::move(definition);
+  group_pointers_ = groups;
+  map_counts_ = counts;
+  map_names_ = std::move(names);
+}
+
+MapList RomDocument::FillMapList(int bank) const {
+  RomFile rom = RomFile::OpenForRead(rom_path_);
+  MapList list = ReadMapList(rom, group_pointers_, map_counts_, bank, definition_.header_length, map_names_);
+  last_system_reads_ = rom.SystemReads();
+  return list;
+}
+
+std::vector<std::string> RomDocument::LocationList() const { return LocationItems(map_names_); }
+
+std::int64_t RomDocument::HeaderOffset(int bank, int map) const {
+  CheckIndex(bank, kMapBankCount);
+  if (map < INT16_MIN || map > INT16_MAX) throw RuntimeError::Overflow();  // a 16-bit list index
+  CheckedInt32(static_cast<std::int64_t>(definition_.header_length) * map);
+  return CheckedInt32(MapHeaderOffset(group_pointers_[static_cast<size_t>(bank)], definition_.header_length, map));
+}
+
+MapLoadResult RomDocument::LoadSelectedMap(int bank, int map, const MapLoadListener& listener) {
+  MapLoadResult result;
+  auto done = [&](MapLoadStep step) {
+    result.steps.push_back(step);
+    if (listener) listener(step);
+  };
+  selected_bank_ = bank;
+  selected_map_ = map;
+  RomFile rom = RomFile::OpenForRead(rom_path_);
+  if (apply_mode_ != kApplyEditedHeaders && reload_scope_ == kReloadFull) {
+    ReadHeaders(rom, bank, map);
+    result.headers_read = true;
+  }
+  DeriveMapValues();
+  if (apply_mode_ != kApplyEditedHeaders) done(MapLoadStep::kHeaderPage);
+  if (apply_mode_ != kApplyRestoreHeaders) {
+    if (reload_scope_ != kReloadEventsOnly) {
+      LoadTilesetStage(rom);
+      done(MapLoadStep::kTileset);
+    }
+    if (reload_scope_ != kReloadMapOnly) {
+      LoadEventsStage(rom);
+      done(MapLoadStep::kEvents);
+    }
+    done(MapLoadStep::kEventControls);
+    if (reload_scope_ == kReloadFull || reload_scope_ == kReloadMapOnly) {
+      BuildExtendedMapStage(rom);
+      done(MapLoadStep::kMapBuilt);
+    } else if (reload_scope_ == kReloadEventsOnly) {
+      done(MapLoadStep::kMapRedraw);
+    }
+  }
+  last_system_reads_ = rom.SystemReads();
+  return result;
+}
+
+void RomDocument::ReadHeaders(RomFile& rom, int bank, int map) {
+  ReadPrimaryHeader(rom, HeaderOffset(bank, map), primary_);
+  ReadSecondaryHeader(rom, primary_, secondary_);
+}
+
+void RomDocument::DeriveMapValues() {
+  map_height_ = secondary_.Height();
+  map_width_ = secondary_.Width();
+  block_data_pointer_ = secondary_.BlockDataPointer();
+  link_row_length_ = (map_width_ + 7) * 2;
+}
+
+// The tileset stage: tileset record, graphics, tile sheets, palettes and blocks.
+void RomDocument::LoadTilesetStage(RomFile& /*rom*/) {}
+
+// The events stage: script header and event header with their six record lists.
+void RomDocument::LoadEventsStage(RomFile& /*rom*/) {}
+
+// The bordered block grid with the neighbours' strips and the connection list.
+void RomDocument::BuildExtendedMapStage(RomFile& /*rom*/) {}
+
+}  // namespace kartova

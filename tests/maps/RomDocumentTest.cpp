@@ -1,0 +1,199 @@
+#include <gtest/gtest.h>
+
+#include <filesystem>
+
+#include "demo/DemoRom.h"
+#include "maps/RomDocument.h"
+#include "rom/RuntimeError.h"
+#include "support/MemorySettings.h"
+#include "support/TempDir.h"
+
+namespace kartova {
+namespace {
+
+using Bytes = std::vector<std::uint8_t>;
+
+template <typename Buffer>
+Bytes Of(const Buffer& b) {
+  return {b.bytes.begin(), b.bytes.end()};
+}
+
+MapSpec Spec(std::uint8_t location, std::uint8_t width, std::uint8_t tileset = 0) {
+  MapSpec m;
+  m.location = location;
+  m.width = width;
+  m.height = 9;
+  m.tileset = tileset;
+  return m;
+}
+
+class RomDocumentTest : public ::testing::Test {
+ protected:
+  RomDocumentTest() {
+    world = RomBuilder()
+                .Map(1, Spec(1, 10, 3))
+                .Map(1, Spec(2, 20, 0x28))
+                .Map(3, Spec(94, 4))
+                .LocationName(1, "NORD HAFEN-STADT")
+                .LocationName(2, "WEG 12")
+                .LocationName(94, "MÜHLENTAL")
+                .BuildWithLayout();
+    test::WriteFileBytes(path, world.bytes);
+  }
+  Bytes At(std::int64_t offset, int n) const { return {world.bytes.begin() + offset, world.bytes.begin() + offset + n}; }
+
+  test::TempDir dir;
+  std::string path = dir.File("world.gbc");
+  BuiltRom world;
+  test::MemorySettings settings;
+  RomDocument doc;
+};
+
+TEST_F(RomDocumentTest, OpenCountsMapsReadsNamesAndListsABank) {
+  doc.OpenRom(path, settings);
+  EXPECT_EQ(doc.RomPath(), path);
+  EXPECT_FALSE(doc.ReadOnly());
+  MapCounts expected{};
+  expected[0] = 2;
+  expected[2] = 1;
+  EXPECT_EQ(doc.MapCountPerBank(), expected);
+  EXPECT_EQ(doc.GroupPointers()[25], world.layout.group_pointers[25]);
+  EXPECT_EQ(doc.LocationList()[94], "5E - Mühlental");
+  EXPECT_EQ(doc.FillMapList(0).entries, (std::vector<std::string>{"Nord Hafen-Stadt - 1.1", "Weg 12 - 1.2"}));
+  EXPECT_TRUE(doc.FillMapList(1).entries.empty());
+}
+
+TEST_F(RomDocumentTest, EveryMapOfTheDemoIsListedAndLoadsBothHeadersByteForByte) {
+  const RomBuilder demo = DemoRomBuilder();
+  world = demo.BuildWithLayout();
+  test::WriteFileBytes(path, world.bytes);
+  doc.OpenRom(path, settings);
+  for (int bank = 1; bank <= kMapBankCount; ++bank) {
+    ASSERT_EQ(doc.MapCountPerBank()[bank - 1], demo.MapCount(bank)) << bank;
+    const MapList list = doc.FillMapList(bank - 1);
+    ASSERT_EQ(list.entries.size(), static_cast<size_t>(demo.MapCount(bank)));
+    for (int n = 1; n <= demo.MapCount(bank); ++n) {
+      const MapLayout& at = world.layout.Map(bank, n);
+      EXPECT_TRUE(doc.LoadSelectedMap(bank - 1, n - 1).headers_read);
+      EXPECT_EQ(doc.HeaderOffset(bank - 1, n - 1), at.primary_header);
+      EXPECT_EQ(Of(doc.Primary()), At(at.primary_header, 30));
+      EXPECT_EQ(Of(doc.Secondary()), At(at.secondary_header, 60));
+      EXPECT_EQ(doc.Secondary().BlockDataFileOffset(), at.blocks);
+      EXPECT_EQ(list.entries[n - 1], doc.MapNames()[doc.Primary().Location()] + " - " +
+                                         std::to_string(bank) + "." + std::to_string(n));
+    }
+  }
+  EXPECT_EQ(doc.MapHeight(), doc.Secondary().bytes[1]);
+  EXPECT_EQ(doc.BlockDataPointer(), doc.Secondary().bytes[5] * 256 + doc.Secondary().bytes[4]);
+  EXPECT_EQ(doc.LinkRowLength(), (doc.Secondary().bytes[2] + 7) * 2);
+}
+
+TEST_F(RomDocumentTest, ScopeAndApplyModeDecideWhichStagesRun) {
+  using S = MapLoadStep;
+  struct Case {
+    int scope, mode;
+    bool headers;
+    std::vector<S> steps;
+  } cases[] = {
+      {kReloadFull, kApplyNormal, true, {S::kHeaderPage, S::kTileset, S::kEvents, S::kEventControls, S::kMapBuilt}},
+      {kReloadMapOnly, kApplyNormal, false, {S::kHeaderPage, S::kTileset, S::kEventControls, S::kMapBuilt}},
+      {kReloadEventsOnly, kApplyNormal, false, {S::kHeaderPage, S::kEvents, S::kEventControls, S::kMapRedraw}},
+      {kReloadFull, kApplyRestoreHeaders, true, {S::kHeaderPage}},
+      {kReloadFull, kApplyEditedHeaders, false, {S::kTileset, S::kEvents, S::kEventControls, S::kMapBuilt}},
+  };
+  doc.OpenRom(path, settings);
+  for (const Case& c : cases) {
+    SCOPED_TRACE(testing::Message() << "scope " << c.scope << " mode " << c.mode);
+    doc.Secondary().bytes[2] = 0x33;  // an edited width
+    doc.SetReloadScope(c.scope);
+    doc.SetApplyMode(c.mode);
+    std::vector<S> heard;
+    MapLoadResult r = doc.LoadSelectedMap(0, 0, [&](S s) { heard.push_back(s); });
+    EXPECT_EQ(r.headers_read, c.headers);
+    EXPECT_EQ(heard, c.steps);
+    EXPECT_EQ(doc.LinkRowLength(), ((c.headers ? 10 : 0x33) + 7) * 2);  // derived every time
+  }
+}
+
+TEST_F(RomDocumentTest, LongerRecordsAreReadWithWhatFollowsThem) {
+  MapSpec first = Spec(1, 1);
+  first.extra_header_bytes = {0xE1, 0xE2, 0xE3};
+  test::WriteFileBytes(path, RomBuilder().HeaderLength(12).Map(2, first).Map(2, Spec(2, 1, 5)).Build());
+  settings.Set("Settings", "HeaderLengthA", "12");
+  doc.OpenRom(path, settings);
+  EXPECT_EQ(doc.MapCountPerBank()[1], 2);
+  doc.LoadSelectedMap(1, 0);
+  EXPECT_EQ(doc.Primary().bytes[11], 0xE3);
+  EXPECT_EQ(doc.Primary().bytes[12 + 1], 5);  // the next record's tileset
+  EXPECT_EQ(doc.HeaderOffset(1, 1), doc.HeaderOffset(1, 0) + 12);
+}
+
+TEST_F(RomDocumentTest, AFailedOpenKeepsThePreviousRomAndAllItsState) {
+  doc.OpenRom(path, settings);
+  doc.LoadSelectedMap(0, 0);
+  const Bytes primary = Of(doc.Primary());
+  const std::string other = dir.File("other.gbc");
+  test::WriteFileBytes(other, RomBuilder().Map(5, Spec(0, 1)).Build());
+  settings.Set("Settings", "HeaderLengthA", "31");
+  EXPECT_THROW(doc.OpenRom(other, settings), RuntimeError);
+  // A bank of 300 maps overflows its count.
+  settings.Set("Settings", "HeaderLengthA", "9");
+  Bytes crowded(0x98000, 0);
+  for (int b = 0; b < kMapBankCount; ++b) crowded[0x940EE + 2 * b] = 0x60;
+  for (int i = 0; i < 300; ++i) crowded[0x96000 + 9 * i + 4] = 0x40;
+  test::WriteFileBytes(other, crowded);
+  EXPECT_THROW(doc.OpenRom(other, settings), RuntimeError);
+
+  EXPECT_EQ(doc.RomPath(), path);
+  EXPECT_EQ(doc.HeaderLength(), 9);
+  EXPECT_EQ(doc.MapCountPerBank()[0], 2);
+  EXPECT_EQ(doc.MapNames()[1], "Nord Hafen-Stadt");
+  EXPECT_EQ(Of(doc.Primary()), primary);
+}
+
+TEST_F(RomDocumentTest, EmptyFilesAndWildNumbersNeverCrash) {
+  const std::string empty = dir.File("empty.gbc");
+  test::WriteFileBytes(empty, {});
+  doc.OpenRom(empty, settings);
+  EXPECT_EQ(doc.MapCountPerBank(), MapCounts{});
+  EXPECT_EQ(doc.MapNames()[0], "");
+  doc.LoadSelectedMap(0, 0);
+  EXPECT_EQ(Of(doc.Primary()), Bytes(30, 0));
+
+  Bytes bytes = world.bytes;
+  bytes[0x940ED + 2] = bytes[0x940ED + 3] = 0xFF;  // bank 2 points behind every list
+  test::WriteFileBytes(path, bytes);
+  doc.OpenRom(path, settings);
+  EXPECT_EQ(doc.MapCountPerBank()[1], 0);
+  EXPECT_NO_THROW(doc.LoadSelectedMap(1, 200));
+  EXPECT_NO_THROW(doc.LoadSelectedMap(0, -1));
+  EXPECT_THROW(doc.LoadSelectedMap(26, 0), RuntimeError);
+  EXPECT_THROW(doc.LoadSelectedMap(0, 40000), RuntimeError);  // no 16-bit list index
+}
+
+TEST_F(RomDocumentTest, ChangesOnDiskAreSeenByTheNextOperation) {
+  doc.OpenRom(path, settings);
+  doc.LoadSelectedMap(0, 0);
+  Bytes changed = world.bytes;
+  changed[world.layout.Map(1, 2).primary_header + 5] = 95;
+  test::WriteFileBytes(path, changed);
+  MapList list = doc.FillMapList(0);
+  EXPECT_EQ(list.entries, (std::vector<std::string>{"Nord Hafen-Stadt - 1.1"}));
+  ASSERT_TRUE(list.error);
+  EXPECT_EQ(list.error->GermanMessage(), "Laufzeitfehler '9': Index außerhalb des gültigen Bereichs");
+
+  // Cut in front of the header lists: the header reads find nothing and leave the buffers.
+  const Bytes primary = Of(doc.Primary());
+  test::WriteFileBytes(path, At(0, 0x94000));
+  doc.LoadSelectedMap(0, 1);
+  EXPECT_EQ(Of(doc.Primary()), primary);
+  doc.OpenRom(path, settings);
+  EXPECT_EQ(doc.MapCountPerBank(), MapCounts{});
+
+  std::filesystem::permissions(path, std::filesystem::perms::owner_read);
+  doc.OpenRom(path, settings);
+  EXPECT_TRUE(doc.ReadOnly());
+}
+
+}  // namespace
+}  // namespace kartova
