@@ -141,10 +141,10 @@ BENCHMARK(BM_LightingChange)->Unit(benchmark::kMicrosecond);
 
 // The headers, the tileset stage and the grid of a 100 × 100 map with four neighbours.
 void BM_MapLoadGraphicsStages(benchmark::State& state) {
-  TilesetSpec tileset;
+  TilesetDecl tileset;
   tileset.graphics = RandomBytes(96 * 16, 4);
   tileset.blocks = RandomBytes(4096, 5);
-  MapSpec big{.width = 100, .height = 100, .blocks = RandomBytes(100 * 100, 6)};
+  MapDecl big{.width = 100, .height = 100, .blocks = RandomBytes(100 * 100, 6)};
   for (Direction d : {Direction::kNorth, Direction::kSouth, Direction::kWest, Direction::kEast})
     big.connections.push_back({.direction = d, .target = {1, 2}, .offset = 0});
   RomBuilder builder;

@@ -68,8 +68,8 @@ const MapRows kGrotteTiefeRows = {
     "##########",
 };
 
-MapSpec Room(const IndoorTiles& tiles, const MapRows& rows, Location location, std::uint8_t music) {
-  MapSpec m;
+MapDecl Room(const IndoorTiles& tiles, const MapRows& rows, Location location, std::uint8_t music) {
+  MapDecl m;
   m.tileset = kIndoorTileset;
   m.ability = 1;  // the indoor lighting table
   m.location = location;
@@ -82,8 +82,8 @@ MapSpec Room(const IndoorTiles& tiles, const MapRows& rows, Location location, s
   return m;
 }
 
-MapSpec Cave(const CaveTiles& tiles, const MapRows& rows) {
-  MapSpec m;
+MapDecl Cave(const CaveTiles& tiles, const MapRows& rows) {
+  MapDecl m;
   m.tileset = kCaveTileset;
   m.ability = 2;
   m.location = kGrotteName;
@@ -97,20 +97,20 @@ MapSpec Cave(const CaveTiles& tiles, const MapRows& rows) {
   return m;
 }
 
-WarpSpec Exit(const MapRows& rows, char c, MapRef target, int target_warp) {
+WarpDecl Exit(const MapRows& rows, char c, MapRef target, int target_warp) {
   const auto [x, y] = EventCell(FindBlocks(rows, c).at(0));
   return {.y = y, .x = x, .target_warp = static_cast<std::uint8_t>(target_warp),
           .target_bank = static_cast<std::uint8_t>(target.bank),
           .target_map = static_cast<std::uint8_t>(target.number)};
 }
 
-PersonSpec Person(std::uint8_t picture, int x, int y, std::uint8_t movement, int script) {
+PersonDecl Person(std::uint8_t picture, int x, int y, std::uint8_t movement, int script) {
   return {.picture = picture, .y = static_cast<std::uint8_t>(y), .x = static_cast<std::uint8_t>(x),
           .facing = 1, .movement = movement, .time_dependence = 0xFF, .time_range = 0xFF,
           .function = 0, .sight_range = 0, .script = Script(script), .visibility = 0xFFFF};
 }
 
-void Add(RomBuilder& builder, MapRef ref, MapSpec spec) {
+void Add(RomBuilder& builder, MapRef ref, MapDecl spec) {
   if (builder.MapCount(ref.bank) + 1 != ref.number) throw RomBuildError("demo: maps added out of order");
   spec.script_bank = ScriptBank(ref.bank);
   builder.Map(ref.bank, std::move(spec));
@@ -119,24 +119,24 @@ void Add(RomBuilder& builder, MapRef ref, MapSpec spec) {
 }  // namespace
 
 void AddIndoorMaps(RomBuilder& builder, const IndoorTiles& indoor, const CaveTiles& cave) {
-  MapSpec haus = Room(indoor, kMuehlentalHausRows, kMuehlentalName, 6);
+  MapDecl haus = Room(indoor, kMuehlentalHausRows, kMuehlentalName, 6);
   haus.warps = {Exit(kMuehlentalHausRows, 'e', kMuehlental, 1)};
   haus.people = {Person(0x1A, 4, 4, 0x00, 15)};
   haus.signposts = {{.y = 1, .x = 4, .type = 0, .script = Script(16)}};  // the picture
   Add(builder, kMuehlentalHaus, haus);
 
-  MapSpec laden = Room(indoor, kLadenRows, kMuehlentalName, 7);
+  MapDecl laden = Room(indoor, kLadenRows, kMuehlentalName, 7);
   laden.warps = {Exit(kLadenRows, 'e', kMuehlental, 2)};
   laden.people = {Person(0x1B, 1, 1, 0x00, 17), Person(0x05, 8, 5, 0x03, 18)};
   laden.enter_scripts = {{.script = Script(19), .res1 = 0, .res2 = 0}};
   Add(builder, kMuehlentalLaden, laden);
 
-  MapSpec hafen_haus = Room(indoor, kHafenHausRows, kHafenName, 6);
+  MapDecl hafen_haus = Room(indoor, kHafenHausRows, kHafenName, 6);
   hafen_haus.warps = {Exit(kHafenHausRows, 'e', kHafen, 2)};
   hafen_haus.people = {Person(0x1C, 4, 3, 0x02, 12)};
   Add(builder, kHafenHaus, hafen_haus);
 
-  MapSpec amt = Room(indoor, kHafenamtRows, kHafenName, 7);
+  MapDecl amt = Room(indoor, kHafenamtRows, kHafenName, 7);
   amt.warps = {Exit(kHafenamtRows, 'e', kHafen, 1)};
   amt.people = {Person(0x1D, 3, 3, 0x00, 13), Person(0x12, 9, 6, 0x03, 14)};
   amt.signposts = {{.y = 1, .x = 2, .type = 0, .script = Script(15)},
@@ -144,12 +144,12 @@ void AddIndoorMaps(RomBuilder& builder, const IndoorTiles& indoor, const CaveTil
   amt.triggers = {{.status = 0, .y = 7, .x = 5, .res1 = 0, .script = Script(17)}};
   Add(builder, kHafenamt, amt);
 
-  MapSpec huette = Room(indoor, kFischerhuetteRows, kHafenName, 6);
+  MapDecl huette = Room(indoor, kFischerhuetteRows, kHafenName, 6);
   huette.warps = {Exit(kFischerhuetteRows, 'e', kHafen, 3)};
   huette.people = {Person(0x13, 6, 2, 0x00, 18)};
   Add(builder, kFischerhuette, huette);
 
-  MapSpec grotte = Cave(cave, kGrotteRows);
+  MapDecl grotte = Cave(cave, kGrotteRows);
   grotte.warps = {Exit(kGrotteRows, 'E', kWeg11, 1), Exit(kGrotteRows, 'D', kGrotteTiefe, 1)};
   grotte.people = {Person(0x20, 14, 10, 0x02, 0), Person(0x21, 22, 17, 0x00, 1)};
   grotte.people[0].sight_range = 2;
@@ -157,7 +157,7 @@ void AddIndoorMaps(RomBuilder& builder, const IndoorTiles& indoor, const CaveTil
   grotte.enter_scripts = {{.script = Script(2), .res1 = 0, .res2 = 0}};
   Add(builder, kGrotte, grotte);
 
-  MapSpec tiefe = Cave(cave, kGrotteTiefeRows);
+  MapDecl tiefe = Cave(cave, kGrotteTiefeRows);
   tiefe.warps = {Exit(kGrotteTiefeRows, 'U', kGrotte, 2)};
   tiefe.people = {Person(0x21, 11, 4, 0x00, 3)};
   tiefe.triggers = {{.status = 0, .y = 12, .x = 10, .res1 = 0, .script = Script(4)}};

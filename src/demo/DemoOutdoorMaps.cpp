@@ -113,8 +113,8 @@ const MapRows kHafenRows = {
 std::uint8_t Width(const MapRows& rows) { return static_cast<std::uint8_t>(rows[0].size()); }
 std::uint8_t Height(const MapRows& rows) { return static_cast<std::uint8_t>(rows.size()); }
 
-MapSpec Outdoor(OutdoorTiles& tiles, const MapRows& rows, Location location, std::uint8_t music) {
-  MapSpec m;
+MapDecl Outdoor(OutdoorTiles& tiles, const MapRows& rows, Location location, std::uint8_t music) {
+  MapDecl m;
   m.tileset = kOutdoorTileset;
   m.ability = 0;  // the outdoor lighting table
   m.location = location;
@@ -128,15 +128,15 @@ MapSpec Outdoor(OutdoorTiles& tiles, const MapRows& rows, Location location, std
   return m;
 }
 
-WarpSpec Warp(std::pair<int, int> block, MapRef target, int target_warp) {
+WarpDecl Warp(std::pair<int, int> block, MapRef target, int target_warp) {
   const auto [x, y] = EventCell(block);
   return {.y = y, .x = x, .target_warp = static_cast<std::uint8_t>(target_warp),
           .target_bank = static_cast<std::uint8_t>(target.bank),
           .target_map = static_cast<std::uint8_t>(target.number)};
 }
 
-std::vector<SignpostSpec> Signs(const MapRows& rows, int first_script) {
-  std::vector<SignpostSpec> signs;
+std::vector<SignpostDecl> Signs(const MapRows& rows, int first_script) {
+  std::vector<SignpostDecl> signs;
   for (auto block : FindBlocks(rows, 'S')) {
     const auto [x, y] = EventCell(block);
     signs.push_back({.y = y, .x = x, .type = 0, .script = Script(first_script++)});
@@ -144,18 +144,18 @@ std::vector<SignpostSpec> Signs(const MapRows& rows, int first_script) {
   return signs;
 }
 
-ConnectionSpec Join(Direction d, MapRef target, int offset) {
+ConnectionDecl Join(Direction d, MapRef target, int offset) {
   return {.direction = d, .target = target, .offset = offset};
 }
 
-PersonSpec Person(std::uint8_t picture, int x, int y, std::uint8_t movement, int script) {
+PersonDecl Person(std::uint8_t picture, int x, int y, std::uint8_t movement, int script) {
   return {.picture = picture, .y = static_cast<std::uint8_t>(y), .x = static_cast<std::uint8_t>(x),
           .facing = 0, .movement = movement, .time_dependence = 0xFF, .time_range = 0xFF,
           .function = 0, .sight_range = 0, .script = Script(script), .visibility = 0xFFFF};
 }
 
-MapSpec Muehlental(OutdoorTiles& tiles) {
-  MapSpec m = Outdoor(tiles, kMuehlentalRows, kMuehlentalName, 2);
+MapDecl Muehlental(OutdoorTiles& tiles) {
+  MapDecl m = Outdoor(tiles, kMuehlentalRows, kMuehlentalName, 2);
   const auto small = FindBlocks(kMuehlentalRows, 'h')[0];
   const auto big = FindBlocks(kMuehlentalRows, 'H')[0];
   // Doors are in the house's lower right (small) or lower middle (big) block.
@@ -171,8 +171,8 @@ MapSpec Muehlental(OutdoorTiles& tiles) {
   return m;
 }
 
-MapSpec Weg11(OutdoorTiles& tiles) {
-  MapSpec m = Outdoor(tiles, kWeg11Rows, kWeg11Name, 3);
+MapDecl Weg11(OutdoorTiles& tiles) {
+  MapDecl m = Outdoor(tiles, kWeg11Rows, kWeg11Name, 3);
   m.warps = {Warp(FindBlocks(kWeg11Rows, 'M')[0], kGrotte, 1)};
   m.signposts = Signs(kWeg11Rows, 7);
   m.people = {Person(0x0E, 30, 9, 0x01, 8)};
@@ -183,16 +183,16 @@ MapSpec Weg11(OutdoorTiles& tiles) {
   return m;
 }
 
-MapSpec Weg12(OutdoorTiles& tiles) {
-  MapSpec m = Outdoor(tiles, kWeg12Rows, kWeg12Name, 3);
+MapDecl Weg12(OutdoorTiles& tiles) {
+  MapDecl m = Outdoor(tiles, kWeg12Rows, kWeg12Name, 3);
   m.signposts = Signs(kWeg12Rows, 10);
   m.people = {Person(0x0F, 20, 16, 0x00, 11)};
   m.connections = {Join(Direction::kWest, kMuehlental, -2)};
   return m;
 }
 
-MapSpec Weissensee(OutdoorTiles& tiles) {
-  MapSpec m = Outdoor(tiles, kWeissenseeRows, kSeeName, 4);
+MapDecl Weissensee(OutdoorTiles& tiles) {
+  MapDecl m = Outdoor(tiles, kWeissenseeRows, kSeeName, 4);
   m.fishing = 3;
   m.border = static_cast<std::uint8_t>(tiles.water_block);  // the lake goes on to the south
   m.people = {Person(0x10, 12, 7, 0x00, 12), Person(0x11, 28, 8, 0x02, 13)};
@@ -201,8 +201,8 @@ MapSpec Weissensee(OutdoorTiles& tiles) {
   return m;
 }
 
-MapSpec Hafen(OutdoorTiles& tiles) {
-  MapSpec m = Outdoor(tiles, kHafenRows, kHafenName, 5);
+MapDecl Hafen(OutdoorTiles& tiles) {
+  MapDecl m = Outdoor(tiles, kHafenRows, kHafenName, 5);
   m.fishing = 5;
   const auto big = FindBlocks(kHafenRows, 'H')[0];
   const auto small = FindBlocks(kHafenRows, 'h');
@@ -218,8 +218,8 @@ MapSpec Hafen(OutdoorTiles& tiles) {
   return m;
 }
 
-MapSpec Weg13(OutdoorTiles& tiles) {
-  MapSpec m = Outdoor(tiles, kWeg13Rows, kWeg13Name, 3);
+MapDecl Weg13(OutdoorTiles& tiles) {
+  MapDecl m = Outdoor(tiles, kWeg13Rows, kWeg13Name, 3);
   m.signposts = Signs(kWeg13Rows, 7);
   m.people = {Person(0x0E, 14, 20, 0x01, 8), Person(0x0F, 6, 30, 0x02, 9)};
   m.people[0].sight_range = 3;
@@ -234,7 +234,7 @@ MapSpec Weg13(OutdoorTiles& tiles) {
 }  // namespace
 
 void AddOutdoorMaps(RomBuilder& builder, OutdoorTiles& tiles) {
-  auto add = [&](MapRef ref, MapSpec spec) {
+  auto add = [&](MapRef ref, MapDecl spec) {
     if (builder.MapCount(ref.bank) + 1 != ref.number) {
       throw RomBuildError("demo: maps added out of order");
     }

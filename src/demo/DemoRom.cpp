@@ -45,7 +45,7 @@ void AddScriptStubs(RomBuilder& builder) {
   }
 }
 
-TilesetSpec Tileset(const TilesetArt& art, std::uint8_t special_set) {
+TilesetDecl Tileset(const TilesetArt& art, std::uint8_t special_set) {
   return {.graphics = art.Graphics(), .blocks = art.BlockData(), .palette_map = art.PaletteMap(),
           .special_palette_set = special_set};
 }

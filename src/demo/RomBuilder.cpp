@@ -89,7 +89,7 @@ RomBuilder& RomBuilder::TilesetBase(std::int64_t offset) {
   return *this;
 }
 
-RomBuilder& RomBuilder::Map(int map_bank, MapSpec spec) {
+RomBuilder& RomBuilder::Map(int map_bank, MapDecl spec) {
   CheckRange(map_bank, 1, kMapBankCount, "map bank");
   maps_[static_cast<std::size_t>(map_bank - 1)].push_back(std::move(spec));
   return *this;
@@ -114,7 +114,7 @@ RomBuilder& RomBuilder::RawLocationName(int index, std::vector<std::uint8_t> byt
   return *this;
 }
 
-RomBuilder& RomBuilder::Tileset(int number, TilesetSpec spec) {
+RomBuilder& RomBuilder::Tileset(int number, TilesetDecl spec) {
   CheckRange(number, 0, 255, "tileset number");
   if (spec.graphics.size() > 4096) {
     throw RomBuildError("RomBuilder: tileset graphics hold at most 4096 bytes");

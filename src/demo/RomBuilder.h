@@ -70,7 +70,7 @@ struct MapRef {
 // bordered working copy (0xC700 = top-left border block, width + 6 columns), the strip length
 // clipped to the working copy, the neighbour's width, the position change bytes and the
 // window (the neighbour's working-copy cell where the player enters it).
-struct ConnectionSpec {
+struct ConnectionDecl {
   Direction direction = Direction::kNorth;
   MapRef target{};
   // For north and south: the column of this map where the neighbour's column 0 lies; for west
@@ -80,19 +80,19 @@ struct ConnectionSpec {
 };
 
 // Script pointers are 16-bit pointers into the map's script bank, stored little-endian.
-struct EnterScriptSpec {
+struct EnterScriptDecl {
   std::uint16_t script = 0x4000;
   std::uint8_t res1 = 0;
   std::uint8_t res2 = 0;
 };
 
-struct TimeScriptSpec {
+struct TimeScriptDecl {
   std::uint8_t condition = 0;
   std::uint16_t script = 0x4000;
 };
 
 // Event positions are in map tiles (two per block side).
-struct WarpSpec {
+struct WarpDecl {
   std::uint8_t y = 0;
   std::uint8_t x = 0;
   std::uint8_t target_warp = 1;  // 1-based: t means the t-th warp of the target map
@@ -100,7 +100,7 @@ struct WarpSpec {
   std::uint8_t target_map = 1;   // 1-based
 };
 
-struct TriggerSpec {
+struct TriggerDecl {
   std::uint8_t status = 0;
   std::uint8_t y = 0;
   std::uint8_t x = 0;
@@ -110,14 +110,14 @@ struct TriggerSpec {
   std::uint8_t res3 = 0;
 };
 
-struct SignpostSpec {
+struct SignpostDecl {
   std::uint8_t y = 0;
   std::uint8_t x = 0;
   std::uint8_t type = 0;
   std::uint16_t script = 0x4000;
 };
 
-struct PersonSpec {
+struct PersonDecl {
   std::uint8_t picture = 0;
   std::uint8_t y = 0;  // map tiles; the record stores y + 4
   std::uint8_t x = 0;  // map tiles; the record stores x + 4
@@ -131,7 +131,7 @@ struct PersonSpec {
   std::uint16_t visibility = 0xFFFF;  // event flag word, stored little-endian
 };
 
-struct MapSpec {
+struct MapDecl {
   // Primary header.
   std::uint8_t tileset = 0;   // at most 0x28, or the map is not counted
   std::uint8_t ability = 0;   // byte 2, also chooses the lighting table (& 7)
@@ -146,16 +146,16 @@ struct MapSpec {
   std::uint8_t width = 1;
   std::uint8_t height = 1;
   std::vector<std::uint8_t> blocks{};  // row-major, width * height; empty: all border block
-  std::vector<ConnectionSpec> connections{};  // any order; stored north, south, west, east
+  std::vector<ConnectionDecl> connections{};  // any order; stored north, south, west, east
   std::optional<std::uint8_t> connection_flags{};  // overrides the flags the connections give
 
   // Scripts and events, in the script bank.
-  std::vector<EnterScriptSpec> enter_scripts{};
-  std::vector<TimeScriptSpec> time_scripts{};
-  std::vector<WarpSpec> warps{};
-  std::vector<TriggerSpec> triggers{};
-  std::vector<SignpostSpec> signposts{};
-  std::vector<PersonSpec> people{};
+  std::vector<EnterScriptDecl> enter_scripts{};
+  std::vector<TimeScriptDecl> time_scripts{};
+  std::vector<WarpDecl> warps{};
+  std::vector<TriggerDecl> triggers{};
+  std::vector<SignpostDecl> signposts{};
+  std::vector<PersonDecl> people{};
 
   // ROM banks to place things in; unset: the builder chooses.
   std::optional<int> secondary_header_bank{};
@@ -164,7 +164,7 @@ struct MapSpec {
 };
 
 // Record bytes 6-11 are not read by the editor; the builder writes them as given.
-struct TilesetSpec {
+struct TilesetDecl {
   std::vector<std::uint8_t> graphics{};  // 2 bits per pixel, 16 bytes a tile, at most 4096 bytes
   std::optional<std::vector<std::uint8_t>> compressed_graphics{};  // written as is instead
   std::vector<std::uint8_t> blocks{};    // 16 sheet tile numbers per block; padded to 4096
@@ -233,7 +233,7 @@ class RomBuilder {
   // A map appended to a map bank (1..26): its number is the count of maps in that bank.
   // Each bank's header list in bank 0x25 ends with a record whose tileset byte is 0xFF, and
   // the lists never overlap, so the editor's count finds exactly the declared maps.
-  RomBuilder& Map(int map_bank, MapSpec spec);
+  RomBuilder& Map(int map_bank, MapDecl spec);
   int MapCount(int map_bank) const;
 
   // Location name i (0..94) in the game's upper-case writing, UTF-8 (umlauts, ß, hyphen,
@@ -245,7 +245,7 @@ class RomBuilder {
   // Tilesets 0..255. The table runs up to the highest number declared or used by a map;
   // numbers without a tileset of their own repeat the record of the lowest declared one.
   // Without any tileset a blank one (no tiles, zero blocks) serves the maps.
-  RomBuilder& Tileset(int number, TilesetSpec spec);
+  RomBuilder& Tileset(int number, TilesetDecl spec);
 
   // Time-of-day palettes: palette n (0..255) at 0xB75E + n * 8. The places of the numbers
   // 74..100 hold the map-bank colours (74 + bank); declaring both at one place throws.
@@ -283,9 +283,9 @@ class RomBuilder {
   int header_length_ = 9;
   std::int64_t map_name_table_ = 0x92384;
   std::int64_t tileset_base_ = 0x2DFA;
-  std::array<std::vector<MapSpec>, 26> maps_{};
+  std::array<std::vector<MapDecl>, 26> maps_{};
   std::map<int, std::vector<std::uint8_t>> names_;  // encoded, with terminator
-  std::map<int, TilesetSpec> tilesets_;
+  std::map<int, TilesetDecl> tilesets_;
   std::map<int, GbcPalette> palettes_;
   std::map<int, std::array<PaletteNumbers, 8>> lighting_tables_;
   std::map<int, std::pair<std::array<std::uint16_t, 2>, std::array<std::uint16_t, 2>>>

@@ -36,7 +36,7 @@ std::vector<int> Pinned(const std::optional<int>& bank, const std::vector<int>& 
   return bank ? std::vector<int>{*bank} : fallback;
 }
 
-std::int64_t ScriptHeaderSize(const MapSpec& m) {
+std::int64_t ScriptHeaderSize(const MapDecl& m) {
   return 2 + 4 * static_cast<std::int64_t>(m.enter_scripts.size()) +
          3 * static_cast<std::int64_t>(m.time_scripts.size());
 }
@@ -92,7 +92,7 @@ void RomLayoutWriter::Validate() const {
   }
 }
 
-void RomLayoutWriter::ValidateMap(int bank, int number, const MapSpec& m) const {
+void RomLayoutWriter::ValidateMap(int bank, int number, const MapDecl& m) const {
   const std::string name = MapName(bank, number);
   auto fail = [&](const std::string& why) { throw RomBuildError("RomBuilder: " + name + " " + why); };
   // The editor counts a bank's maps only while their headers pass these checks.
@@ -112,7 +112,7 @@ void RomLayoutWriter::ValidateMap(int bank, int number, const MapSpec& m) const 
     if (c > 255) fail("has more than 255 events of one kind");
   }
   unsigned seen = 0;
-  for (const ConnectionSpec& c : m.connections) {
+  for (const ConnectionDecl& c : m.connections) {
     const unsigned flag = ConnectionFlag(c.direction);
     if (seen & flag) fail("has two connections in one direction");
     seen |= flag;
@@ -193,16 +193,16 @@ void RomLayoutWriter::PlaceMapData() {
       }
     }
   };
-  for_each_map([&](const MapSpec& m, MapLayout& at, const std::string& name) {
+  for_each_map([&](const MapDecl& m, MapLayout& at, const std::string& name) {
     at.secondary_header = alloc_.Allocate(
         12 + 12 * static_cast<std::int64_t>(m.connections.size()),
         Pinned(m.secondary_header_bank, kSecondaryBanks), "the secondary header of " + name);
   });
-  for_each_map([&](const MapSpec& m, MapLayout& at, const std::string& name) {
+  for_each_map([&](const MapDecl& m, MapLayout& at, const std::string& name) {
     at.blocks = alloc_.Allocate(static_cast<std::int64_t>(m.width) * m.height,
                                 Pinned(m.block_bank, kBlockBanks), "the blocks of " + name);
   });
-  for_each_map([&](const MapSpec& m, MapLayout& at, const std::string& name) {
+  for_each_map([&](const MapDecl& m, MapLayout& at, const std::string& name) {
     // Script header and event header share the script bank; they are kept together.
     const std::int64_t script_size = ScriptHeaderSize(m);
     const auto event_size = static_cast<std::int64_t>(EventHeader(m).size());
@@ -213,7 +213,7 @@ void RomLayoutWriter::PlaceMapData() {
   });
 }
 
-void RomLayoutWriter::WriteMap(int bank, int number, const MapSpec& m) {
+void RomLayoutWriter::WriteMap(int bank, int number, const MapDecl& m) {
   const MapLayout& at = layout_.Map(bank, number);
   WritePrimaryHeader(at, m);
   Put(at.secondary_header, SecondaryHeader(at, m));
@@ -226,7 +226,7 @@ void RomLayoutWriter::WriteMap(int bank, int number, const MapSpec& m) {
   Put(at.event_header, EventHeader(m));
 }
 
-void RomLayoutWriter::WritePrimaryHeader(const MapLayout& at, const MapSpec& m) {
+void RomLayoutWriter::WritePrimaryHeader(const MapLayout& at, const MapDecl& m) {
   const std::uint16_t secondary = BankedPointer(at.secondary_header);
   std::vector<std::uint8_t> h = {RomBankOf(at.secondary_header), m.tileset, m.ability,
                                  Lo(secondary), Hi(secondary), m.location, m.music,
@@ -238,12 +238,12 @@ void RomLayoutWriter::WritePrimaryHeader(const MapLayout& at, const MapSpec& m) 
 }
 
 std::vector<std::uint8_t> RomLayoutWriter::SecondaryHeader(const MapLayout& at,
-                                                           const MapSpec& m) const {
+                                                           const MapDecl& m) const {
   const std::uint16_t blocks = BankedPointer(at.blocks);
   const std::uint16_t scripts = BankedPointer(at.script_header);
   const std::uint16_t events = BankedPointer(at.event_header);
   std::uint8_t flags = 0;
-  for (const ConnectionSpec& c : m.connections) flags |= ConnectionFlag(c.direction);
+  for (const ConnectionDecl& c : m.connections) flags |= ConnectionFlag(c.direction);
   std::vector<std::uint8_t> h = {m.border, m.height, m.width,
                                  RomBankOf(at.blocks), Lo(blocks), Hi(blocks),
                                  RomBankOf(at.script_header), Lo(scripts), Hi(scripts),
@@ -256,20 +256,20 @@ std::vector<std::uint8_t> RomLayoutWriter::SecondaryHeader(const MapLayout& at,
   return h;
 }
 
-std::vector<std::uint8_t> RomLayoutWriter::ConnectionRecords(const MapSpec& m) const {
-  std::vector<const ConnectionSpec*> sorted;
-  for (const ConnectionSpec& c : m.connections) sorted.push_back(&c);
+std::vector<std::uint8_t> RomLayoutWriter::ConnectionRecords(const MapDecl& m) const {
+  std::vector<const ConnectionDecl*> sorted;
+  for (const ConnectionDecl& c : m.connections) sorted.push_back(&c);
   // Packed in slot order: north, south, west, east.
   std::sort(sorted.begin(), sorted.end(),
-            [](const ConnectionSpec* a, const ConnectionSpec* b) { return a->direction < b->direction; });
+            [](const ConnectionDecl* a, const ConnectionDecl* b) { return a->direction < b->direction; });
   std::vector<std::uint8_t> out;
   const MapGeometry self{m.width, m.height, 0};
-  for (const ConnectionSpec* c : sorted) {
+  for (const ConnectionDecl* c : sorted) {
     std::array<std::uint8_t, 12> record{};
     if (c->raw) {
       record = *c->raw;
     } else {
-      const MapSpec& n = in_.maps_[static_cast<std::size_t>(c->target.bank - 1)]
+      const MapDecl& n = in_.maps_[static_cast<std::size_t>(c->target.bank - 1)]
                                   [static_cast<std::size_t>(c->target.number - 1)];
       const MapGeometry neighbour{n.width, n.height,
                                   layout_.Map(c->target.bank, c->target.number).blocks};
@@ -280,7 +280,7 @@ std::vector<std::uint8_t> RomLayoutWriter::ConnectionRecords(const MapSpec& m) c
   return out;
 }
 
-std::vector<std::uint8_t> RomLayoutWriter::ScriptHeader(const MapSpec& m) const {
+std::vector<std::uint8_t> RomLayoutWriter::ScriptHeader(const MapDecl& m) const {
   std::vector<std::uint8_t> out;
   out.push_back(static_cast<std::uint8_t>(m.enter_scripts.size()));
   for (const auto& e : m.enter_scripts) Append(out, {Lo(e.script), Hi(e.script), e.res1, e.res2});
@@ -289,7 +289,7 @@ std::vector<std::uint8_t> RomLayoutWriter::ScriptHeader(const MapSpec& m) const 
   return out;
 }
 
-std::vector<std::uint8_t> RomLayoutWriter::EventHeader(const MapSpec& m) const {
+std::vector<std::uint8_t> RomLayoutWriter::EventHeader(const MapDecl& m) const {
   std::vector<std::uint8_t> out = {0, 0};  // the two bytes the editor passes over
   out.push_back(static_cast<std::uint8_t>(m.warps.size()));
   for (const auto& w : m.warps) Append(out, {w.y, w.x, w.target_warp, w.target_bank, w.target_map});
@@ -312,12 +312,12 @@ std::vector<std::uint8_t> RomLayoutWriter::EventHeader(const MapSpec& m) const {
 void RomLayoutWriter::PlaceTilesets() {
   int highest = -1;
   for (const auto& maps : in_.maps_) {
-    for (const MapSpec& m : maps) highest = std::max(highest, static_cast<int>(m.tileset));
+    for (const MapDecl& m : maps) highest = std::max(highest, static_cast<int>(m.tileset));
   }
   if (in_.tilesets_.empty() && highest < 0) return;
   // Maps without any declared tileset get a blank one: no tiles, all blocks tile 0.
-  const std::map<int, TilesetSpec> blank = {{0, TilesetSpec{}}};
-  const std::map<int, TilesetSpec>& tilesets = in_.tilesets_.empty() ? blank : in_.tilesets_;
+  const std::map<int, TilesetDecl> blank = {{0, TilesetDecl{}}};
+  const std::map<int, TilesetDecl>& tilesets = in_.tilesets_.empty() ? blank : in_.tilesets_;
   highest = std::max(highest, tilesets.rbegin()->first);
   tileset_count_ = highest + 1;
   tileset_table_ = alloc_.AllocateIn(kTilesetTableBank, 15 * tileset_count_, "the tileset table");
@@ -337,7 +337,7 @@ void RomLayoutWriter::PlaceTilesets() {
   }
 }
 
-void RomLayoutWriter::PlaceTileset(int number, const TilesetSpec& t) {
+void RomLayoutWriter::PlaceTileset(int number, const TilesetDecl& t) {
   const std::string name = "tileset " + std::to_string(number);
   TilesetLayout& at = layout_.tilesets[number];
   at.record = tileset_table_ + 15 * number;

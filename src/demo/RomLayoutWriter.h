@@ -20,18 +20,18 @@ class RomLayoutWriter {
 
  private:
   void Validate() const;
-  void ValidateMap(int bank, int number, const MapSpec& m) const;
+  void ValidateMap(int bank, int number, const MapDecl& m) const;
   void ReserveFixed();
   void PlaceHeaderLists();
   void PlaceMapData();
-  void WriteMap(int bank, int number, const MapSpec& m);
-  void WritePrimaryHeader(const MapLayout& at, const MapSpec& m);
-  std::vector<std::uint8_t> SecondaryHeader(const MapLayout& at, const MapSpec& m) const;
-  std::vector<std::uint8_t> ConnectionRecords(const MapSpec& m) const;
-  std::vector<std::uint8_t> ScriptHeader(const MapSpec& m) const;
-  std::vector<std::uint8_t> EventHeader(const MapSpec& m) const;
+  void WriteMap(int bank, int number, const MapDecl& m);
+  void WritePrimaryHeader(const MapLayout& at, const MapDecl& m);
+  std::vector<std::uint8_t> SecondaryHeader(const MapLayout& at, const MapDecl& m) const;
+  std::vector<std::uint8_t> ConnectionRecords(const MapDecl& m) const;
+  std::vector<std::uint8_t> ScriptHeader(const MapDecl& m) const;
+  std::vector<std::uint8_t> EventHeader(const MapDecl& m) const;
   void PlaceTilesets();
-  void PlaceTileset(int number, const TilesetSpec& t);
+  void PlaceTileset(int number, const TilesetDecl& t);
   void WriteTilesetTable();
   void PlacePalettes();
   void PlaceNames();

@@ -14,7 +14,7 @@ namespace {
 
 TEST(MapCommandTest, PrintsTheHeadersOfAListedMapAndRefusesOthers) {
   test::TempDir dir;
-  MapSpec m;
+  MapDecl m;
   m.width = 12;
   m.height = 7;
   const BuiltRom world = RomBuilder().Map(4, m).Map(4, m).BuildWithLayout();

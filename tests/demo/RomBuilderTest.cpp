@@ -107,7 +107,7 @@ TEST(RomBuilderTest, SecondaryHeaderLeadsToBlocksScriptsAndEvents) {
 TEST(RomBuilderTest, ConnectionsArePackedInSlotOrderAndTheirStripsLineUp) {
   // The neighbours number their blocks so that a strip shows where it was taken from.
   auto neighbour = [](std::uint8_t w, std::uint8_t h) {
-    return MapSpec{.width = w, .height = h, .blocks = Counting(w * h)};
+    return MapDecl{.width = w, .height = h, .blocks = Counting(w * h)};
   };
   RomBuilder builder;
   builder.Map(1, neighbour(10, 8))   // 1.1 north, shifted left past the working copy
@@ -185,7 +185,7 @@ TEST(RomBuilderTest, RawConnectionsAndFlagOverridesAreWrittenAsGiven) {
 TEST(RomBuilderTest, TilesetsAreFoundThroughTilesetBase) {
   std::vector<std::uint8_t> graphics(224 * 16);
   for (std::size_t i = 0; i < graphics.size(); ++i) graphics[i] = static_cast<std::uint8_t>(i * 7 / 5);
-  TilesetSpec first{.graphics = graphics, .blocks = Counting(40), .special_palette_set = 2};
+  TilesetDecl first{.graphics = graphics, .blocks = Counting(40), .special_palette_set = 2};
   SetTilePalette(first.palette_map, 0x00, 3);
   SetTilePalette(first.palette_map, 0x5F, 5);
   SetTilePalette(first.palette_map, 0x80, 7);

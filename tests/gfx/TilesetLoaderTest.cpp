@@ -15,7 +15,7 @@ using test::TempDir;
 // The map, tileset 1 and its neighbour to the north, as RomBuilder lays them out, loaded the
 // way a map load does: headers, tileset stage, grid.
 TEST(TilesetLoaderTest, LoadsAMapLaidOutByRomBuilder) {
-  TilesetSpec tiles;
+  TilesetDecl tiles;
   tiles.graphics.assign(96 * 16, 0);
   tiles.graphics[5 * 16] = 0x80;  // tile 5, pixel 0: colour 1
   SetTilePalette(tiles.palette_map, 5, 3);

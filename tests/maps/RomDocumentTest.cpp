@@ -18,8 +18,8 @@ Bytes Of(const Buffer& b) {
   return {b.bytes.begin(), b.bytes.end()};
 }
 
-MapSpec Spec(std::uint8_t location, std::uint8_t width, std::uint8_t tileset = 0) {
-  MapSpec m;
+MapDecl Spec(std::uint8_t location, std::uint8_t width, std::uint8_t tileset = 0) {
+  MapDecl m;
   m.location = location;
   m.width = width;
   m.height = 9;
@@ -116,7 +116,7 @@ TEST_F(RomDocumentTest, ScopeAndApplyModeDecideWhichStagesRun) {
 }
 
 TEST_F(RomDocumentTest, LongerRecordsAreReadWithWhatFollowsThem) {
-  MapSpec first = Spec(1, 1);
+  MapDecl first = Spec(1, 1);
   first.extra_header_bytes = {0xE1, 0xE2, 0xE3};
   test::WriteFileBytes(path, RomBuilder().HeaderLength(12).Map(2, first).Map(2, Spec(2, 1, 5)).Build());
   settings.Set("Settings", "HeaderLengthA", "12");
