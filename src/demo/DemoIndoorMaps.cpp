@@ -110,10 +110,10 @@ PersonDecl Person(std::uint8_t picture, int x, int y, std::uint8_t movement, int
           .function = 0, .sight_range = 0, .script = Script(script), .visibility = 0xFFFF};
 }
 
-void Add(RomBuilder& builder, MapRef ref, MapDecl spec) {
+void Add(RomBuilder& builder, MapRef ref, MapDecl decl) {
   if (builder.MapCount(ref.bank) + 1 != ref.number) throw RomBuildError("demo: maps added out of order");
-  spec.script_bank = ScriptBank(ref.bank);
-  builder.Map(ref.bank, std::move(spec));
+  decl.script_bank = ScriptBank(ref.bank);
+  builder.Map(ref.bank, std::move(decl));
 }
 
 }  // namespace

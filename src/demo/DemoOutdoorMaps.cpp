@@ -234,12 +234,12 @@ MapDecl Weg13(OutdoorTiles& tiles) {
 }  // namespace
 
 void AddOutdoorMaps(RomBuilder& builder, OutdoorTiles& tiles) {
-  auto add = [&](MapRef ref, MapDecl spec) {
+  auto add = [&](MapRef ref, MapDecl decl) {
     if (builder.MapCount(ref.bank) + 1 != ref.number) {
       throw RomBuildError("demo: maps added out of order");
     }
-    spec.script_bank = ScriptBank(ref.bank);
-    builder.Map(ref.bank, std::move(spec));
+    decl.script_bank = ScriptBank(ref.bank);
+    builder.Map(ref.bank, std::move(decl));
   };
   add(kMuehlental, Muehlental(tiles));
   add(kWeg11, Weg11(tiles));

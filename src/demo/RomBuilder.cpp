@@ -89,9 +89,9 @@ RomBuilder& RomBuilder::TilesetBase(std::int64_t offset) {
   return *this;
 }
 
-RomBuilder& RomBuilder::Map(int map_bank, MapDecl spec) {
+RomBuilder& RomBuilder::Map(int map_bank, MapDecl decl) {
   CheckRange(map_bank, 1, kMapBankCount, "map bank");
-  maps_[static_cast<std::size_t>(map_bank - 1)].push_back(std::move(spec));
+  maps_[static_cast<std::size_t>(map_bank - 1)].push_back(std::move(decl));
   return *this;
 }
 
@@ -114,15 +114,15 @@ RomBuilder& RomBuilder::RawLocationName(int index, std::vector<std::uint8_t> byt
   return *this;
 }
 
-RomBuilder& RomBuilder::Tileset(int number, TilesetDecl spec) {
+RomBuilder& RomBuilder::Tileset(int number, TilesetDecl decl) {
   CheckRange(number, 0, 255, "tileset number");
-  if (spec.graphics.size() > 4096) {
+  if (decl.graphics.size() > 4096) {
     throw RomBuildError("RomBuilder: tileset graphics hold at most 4096 bytes");
   }
-  if (spec.blocks.size() > 4096) {
+  if (decl.blocks.size() > 4096) {
     throw RomBuildError("RomBuilder: tileset block data holds at most 4096 bytes");
   }
-  tilesets_[number] = std::move(spec);
+  tilesets_[number] = std::move(decl);
   return *this;
 }
 

@@ -233,7 +233,7 @@ class RomBuilder {
   // A map appended to a map bank (1..26): its number is the count of maps in that bank.
   // Each bank's header list in bank 0x25 ends with a record whose tileset byte is 0xFF, and
   // the lists never overlap, so the editor's count finds exactly the declared maps.
-  RomBuilder& Map(int map_bank, MapDecl spec);
+  RomBuilder& Map(int map_bank, MapDecl decl);
   int MapCount(int map_bank) const;
 
   // Location name i (0..94) in the game's upper-case writing, UTF-8 (umlauts, ß, hyphen,
@@ -245,7 +245,7 @@ class RomBuilder {
   // Tilesets 0..255. The table runs up to the highest number declared or used by a map;
   // numbers without a tileset of their own repeat the record of the lowest declared one.
   // Without any tileset a blank one (no tiles, zero blocks) serves the maps.
-  RomBuilder& Tileset(int number, TilesetDecl spec);
+  RomBuilder& Tileset(int number, TilesetDecl decl);
 
   // Time-of-day palettes: palette n (0..255) at 0xB75E + n * 8. The places of the numbers
   // 74..100 hold the map-bank colours (74 + bank); declaring both at one place throws.

@@ -18,7 +18,7 @@ Bytes Of(const Buffer& b) {
   return {b.bytes.begin(), b.bytes.end()};
 }
 
-MapDecl Spec(std::uint8_t location, std::uint8_t width, std::uint8_t tileset = 0) {
+MapDecl MapOf(std::uint8_t location, std::uint8_t width, std::uint8_t tileset = 0) {
   MapDecl m;
   m.location = location;
   m.width = width;
@@ -31,9 +31,9 @@ class RomDocumentTest : public ::testing::Test {
  protected:
   RomDocumentTest() {
     world = RomBuilder()
-                .Map(1, Spec(1, 10, 3))
-                .Map(1, Spec(2, 20, 0x28))
-                .Map(3, Spec(94, 4))
+                .Map(1, MapOf(1, 10, 3))
+                .Map(1, MapOf(2, 20, 0x28))
+                .Map(3, MapOf(94, 4))
                 .LocationName(1, "NORD HAFEN-STADT")
                 .LocationName(2, "WEG 12")
                 .LocationName(94, "MÜHLENTAL")
@@ -116,9 +116,9 @@ TEST_F(RomDocumentTest, ScopeAndApplyModeDecideWhichStagesRun) {
 }
 
 TEST_F(RomDocumentTest, LongerRecordsAreReadWithWhatFollowsThem) {
-  MapDecl first = Spec(1, 1);
+  MapDecl first = MapOf(1, 1);
   first.extra_header_bytes = {0xE1, 0xE2, 0xE3};
-  test::WriteFileBytes(path, RomBuilder().HeaderLength(12).Map(2, first).Map(2, Spec(2, 1, 5)).Build());
+  test::WriteFileBytes(path, RomBuilder().HeaderLength(12).Map(2, first).Map(2, MapOf(2, 1, 5)).Build());
   settings.Set("Settings", "HeaderLengthA", "12");
   doc.OpenRom(path, settings);
   EXPECT_EQ(doc.MapCountPerBank()[1], 2);
@@ -133,7 +133,7 @@ TEST_F(RomDocumentTest, AFailedOpenKeepsThePreviousRomAndAllItsState) {
   doc.LoadSelectedMap(0, 0);
   const Bytes primary = Of(doc.Primary());
   const std::string other = dir.File("other.gbc");
-  test::WriteFileBytes(other, RomBuilder().Map(5, Spec(0, 1)).Build());
+  test::WriteFileBytes(other, RomBuilder().Map(5, MapOf(0, 1)).Build());
   settings.Set("Settings", "HeaderLengthA", "31");
   EXPECT_THROW(doc.OpenRom(other, settings), RuntimeError);
   // A bank of 300 maps overflows its count.
