@@ -24,7 +24,8 @@ build: deps
 
 run: build
 	./build/release/kartova-cli make-demo build/release/demo
-	./build/release/kartova --definitions build/release/demo/demo.ini build/release/demo/demo.gbc
+	./build/release/kartova-cli install-definition build/release/demo/demo.ini
+	./build/release/kartova build/release/demo/demo.gbc
 
 test: deps
 	cmake --preset test

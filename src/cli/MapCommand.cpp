@@ -1,28 +1,19 @@
-// kartova-cli map ROM BANK MAP: the headers of one map, as the editor loads them.
+// kartova-cli map ROM BANK MAP [--time N]: one map as the editor loads it, as JSON.
 
-#include <filesystem>
-#include <optional>
 #include <ostream>
 #include <string>
-#include <system_error>
 
 #include "cli/Command.h"
 #include "cli/Json.h"
-#include "maps/RomDocument.h"
+#include "cli/MapLoading.h"
+#include "gfx/ExtendedMap.h"
 #include "rom/HexText.h"
 
 namespace kartova::cli {
 
 namespace {
 
-constexpr const char* kUsage = "Usage: kartova-cli [--ini FILE] map ROM BANK MAP\n";
-
-// Decimal digits only, at most nine of them.
-std::optional<int> SmallNumber(const std::string& text) {
-  if (text.empty() || text.size() > 9 || text.find_first_not_of("0123456789") != std::string::npos)
-    return std::nullopt;
-  return std::stoi(text);
-}
+constexpr const char* kUsage = "Usage: kartova-cli [--ini FILE] map ROM BANK MAP [--time N]\n";
 
 template <std::size_t N>
 std::string HexBytes(const std::array<std::uint8_t, N>& bytes) {
@@ -31,54 +22,95 @@ std::string HexBytes(const std::array<std::uint8_t, N>& bytes) {
   return out;
 }
 
-Json MapJson(const RomDocument& doc, int bank, int map) {
+// Every row of the bordered grid, two hex digits a block.
+Json GridJson(const ExtendedMap& grid) {
+  Json rows = Json::Array();
+  for (int y = 0; y < grid.Height(); ++y) {
+    std::string row;
+    row.reserve(static_cast<std::size_t>(grid.Width()) * 2);
+    for (int x = 0; x < grid.Width(); ++x) row += Hex2(grid.Row(y)[x]);
+    rows.Push(row);
+  }
+  return rows;
+}
+
+Json ConnectionsJson(const ExtendedMap& grid) {
+  Json list = Json::Array();
+  for (int d = 0; d < kDirectionCount; ++d) {
+    const GridConnection& c = grid.Connection(d);
+    if (!c.present) continue;
+    Json item = Json::Object();
+    item.Set("direction", d);
+    Json rect = Json::Array();
+    for (int v : {c.rect.x1, c.rect.y1, c.rect.x2, c.rect.y2}) rect.Push(v);
+    item.Set("rect", rect);
+    item.Set("bank", c.bank);
+    item.Set("map", c.map);
+    list.Push(item);
+  }
+  return list;
+}
+
+Json ColoursJson(const ColourTable& colours) {
+  Json list = Json::Array();
+  for (int k = 0; k < ColourTable::kPaletteEntries; ++k) {
+    const ColourEntry e = colours.Entry(k);
+    list.Push(Hex2(e.red) + Hex2(e.green) + Hex2(e.blue));
+  }
+  return list;
+}
+
+Json MapJson(const LoadedMap& loaded) {
+  const RomDocument& doc = loaded.document;
   Json json = Json::Object();
-  json.Set("bank", bank);
-  json.Set("map", map);
-  json.Set("offset", doc.HeaderOffset(bank - 1, map - 1));
+  json.Set("bank", loaded.bank);
+  json.Set("map", loaded.map);
+  json.Set("offset", doc.HeaderOffset(loaded.bank - 1, loaded.map - 1));
   json.Set("primary", HexBytes(doc.Primary().bytes));
   json.Set("secondary", HexBytes(doc.Secondary().bytes));
   json.Set("width", doc.Secondary().Width());
   json.Set("height", doc.Secondary().Height());
+  json.Set("grid", GridJson(doc.Grid()));
+  json.Set("connections", ConnectionsJson(doc.Grid()));
+  json.Set("colours", ColoursJson(doc.Colours()));
   return json;
 }
 
 int RunMap(const CommandContext& ctx) {
-  const std::optional<int> bank = ctx.args.size() == 3 ? SmallNumber(ctx.args[1]) : std::nullopt;
-  const std::optional<int> map = ctx.args.size() == 3 ? SmallNumber(ctx.args[2]) : std::nullopt;
-  if (!bank || !map || *bank < 1 || *bank > kMapBankCount || *map < 1) {
-    ctx.err << "kartova-cli: map needs a ROM file, a map bank 1-26 and a map number from 1\n" << kUsage;
+  const SplitArguments split = SplitOptions(ctx.args, {"time"});
+  const auto& p = split.positional;
+  const std::optional<int> bank = p.size() == 3 ? SmallNumber(p[1]) : std::nullopt;
+  const std::optional<int> map = p.size() == 3 ? SmallNumber(p[2]) : std::nullopt;
+  const std::optional<int> time =
+      split.options.count("time") ? SmallNumber(split.options.at("time")) : std::optional<int>(8);
+  if (!split.error.empty() || !bank || !map || *bank < 1 || *bank > kMapBankCount || *map < 1 ||
+      !time || *time > 8) {
+    ctx.err << "kartova-cli: map needs a ROM file, a map bank 1-26 and a map number from 1; "
+               "--time takes 0-8\n"
+            << kUsage;
     return 2;
   }
-  const std::string& rom = ctx.args[0];
-  std::error_code ec;
-  if (std::filesystem::is_directory(std::filesystem::path(std::u8string(rom.begin(), rom.end())), ec)) {
-    ctx.err << "kartova-cli: " << rom << " is a directory, not a ROM file\n";
-    return 1;
-  }
-  RomDocument doc;
-  doc.OpenRom(rom, ctx.settings);
-  // The map list of the bank decides which map numbers exist, as in the editor's selector.
-  const MapList list = doc.FillMapList(*bank - 1);
-  if (list.error) throw *list.error;
-  if (static_cast<std::size_t>(*map) > list.entries.size()) {
-    ctx.err << "Fehler: Ziel-Map (" << *bank << "." << *map << ") existiert nicht.\n";
-    return 1;
-  }
-  // Only the headers are wanted: the load that reads them again for the header page.
-  doc.SetApplyMode(kApplyRestoreHeaders);
-  doc.LoadSelectedMap(*bank - 1, *map - 1);
-  ctx.out << MapJson(doc, *bank, *map);
-  return 0;
+  LoadedMap loaded;
+  loaded.bank = *bank;
+  loaded.map = *map;
+  if (const std::optional<int> failed = LoadMap(ctx, p, *time, loaded)) return *failed;
+  ctx.out << MapJson(loaded);
+  return ReportGridError(ctx, loaded);
 }
 
 const CommandRegistrar kMapCommand(Command{
-    "map", "map ROM BANK MAP",
-    "Prints as JSON the primary and secondary header of map MAP (counted from 1, as the map "
-    "list shows it) of map bank BANK (1-26): bank, map, offset (the file offset of the primary "
+    "map", "map ROM BANK MAP [--time N]",
+    "Loads map MAP (counted from 1, as the map list shows it) of map bank BANK (1-26) as the "
+    "editor does and prints it as JSON: bank, map, offset (the file offset of the primary "
     "header), primary (its 30 bytes as hex digits), secondary (the 60 bytes of the secondary "
-    "header), width and height in blocks. A map number beyond the bank's maps fails with "
-    "\"Fehler: Ziel-Map (BANK.MAP) existiert nicht.\".",
+    "header), width and height in blocks, grid (the bordered block grid, height + 6 rows of "
+    "two hex digits a block), connections (per present direction in the order north, south, "
+    "west, east: direction 0-3, rect [x1, y1, x2, y2] in grid cells, bank and map of the "
+    "neighbour) and colours (colour-table entries 0-31 as RRGGBB). --time N picks the lighting "
+    "0-7 of the Palette / Lighting menu, 8 (the default) is Auto. A map number beyond the "
+    "bank's maps fails with \"Fehler: Ziel-Map (BANK.MAP) existiert nicht.\". A neighbour "
+    "strip outside the grid prints the grid as far as it was built, then the runtime error, "
+    "and exits with 1.",
     RunMap});
 
 }  // namespace

@@ -72,8 +72,8 @@ void PrintHelp(std::ostream& out) {
       << Wrapped("Without --ini, settings and ROM definitions come from the store the editor "
                  "uses: Kartova.ini beside this program when both selectors ([Settings] "
                  "DefaultPropertyPath in Kartova.ini and in the per-user store) say something "
-                 "other than \"reg\" and agree, otherwise the per-user store. Nothing is written "
-                 "to either.", 2)
+                 "other than \"reg\" and agree, otherwise the per-user store. Only "
+                 "install-definition writes to it.", 2)
       << "\nExit status: 0 success, 1 error, 2 wrong usage.\n";
 }
 

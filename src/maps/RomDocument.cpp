@@ -22,7 +22,7 @@ bool IsReadOnlyFile(const std::string& path) {
 
 }  // namespace
 
-RomDocument::RomDocument() = default;
+RomDocument::RomDocument() : graphics_(std::make_unique<TilesetGraphics>()) {}
 
 void RomDocument::OpenRom(const std::string& path, const SettingsReader& settings) {
   // Everything is read into locals first, so a runtime error leaves the previous ROM current.
@@ -68,6 +68,7 @@ MapLoadResult RomDocument::LoadSelectedMap(int bank, int map, const MapLoadListe
   };
   selected_bank_ = bank;
   selected_map_ = map;
+  std::optional<RuntimeError> grid_error;
   RomFile rom = RomFile::OpenForRead(rom_path_);
   if (apply_mode_ != kApplyEditedHeaders && reload_scope_ == kReloadFull) {
     ReadHeaders(rom, bank, map);
@@ -86,13 +87,15 @@ MapLoadResult RomDocument::LoadSelectedMap(int bank, int map, const MapLoadListe
     }
     done(MapLoadStep::kEventControls);
     if (reload_scope_ == kReloadFull || reload_scope_ == kReloadMapOnly) {
-      BuildExtendedMapStage(rom);
+      grid_error = BuildExtendedMapStage(rom);
       done(MapLoadStep::kMapBuilt);
     } else if (reload_scope_ == kReloadEventsOnly) {
       done(MapLoadStep::kMapRedraw);
     }
   }
   last_system_reads_ = rom.SystemReads();
+  rom.Close();
+  if (grid_error) throw *grid_error;
   return result;
 }
 
@@ -109,12 +112,37 @@ void RomDocument::DeriveMapValues() {
 }
 
 // The tileset stage: tileset record, graphics, tile sheets, palettes and blocks.
-void RomDocument::LoadTilesetStage(RomFile& /*rom*/) {}
+void RomDocument::LoadTilesetStage(RomFile& rom) {
+  TilesetRequest request;
+  request.tileset_base = definition_.tileset_base;
+  request.primary = primary_.bytes;
+  request.time_of_day = time_of_day_;
+  request.map_bank = selected_bank_ + 1;
+  LoadTilesetGraphics(rom, request, *graphics_);
+}
 
 // The events stage: script header and event header with their six record lists.
 void RomDocument::LoadEventsStage(RomFile& /*rom*/) {}
 
-// The bordered block grid with the neighbours' strips and the connection list.
-void RomDocument::BuildExtendedMapStage(RomFile& /*rom*/) {}
+// The bordered block grid with the neighbours' strips and the connection list. A strip that
+// would land outside the grid ends the stage; the cells filled before it stay.
+std::optional<RuntimeError> RomDocument::BuildExtendedMapStage(RomFile& rom) {
+  try {
+    BuildExtendedMap(rom, secondary_.bytes, definition_.header_length, grid_);
+  } catch (const RuntimeError& error) {
+    return error;
+  }
+  return std::nullopt;
+}
+
+bool RomDocument::SetTimeOfDay(int value, int bank) {
+  if (value == time_of_day_) return false;
+  time_of_day_ = value;
+  RomFile rom = RomFile::OpenForRead(rom_path_);
+  LoadPalettes(rom, SelectPalettes(graphics_->record, primary_.bytes, time_of_day_, bank + 1),
+               graphics_->colours);
+  last_system_reads_ = rom.SystemReads();
+  return true;
+}
 
 }  // namespace kartova

@@ -2,13 +2,18 @@
 
 #include <cstdint>
 #include <functional>
+#include <memory>
+#include <optional>
 #include <string>
 #include <vector>
 
+#include "gfx/ExtendedMap.h"
+#include "gfx/TilesetLoader.h"
 #include "maps/MapBankTable.h"
 #include "maps/MapHeaders.h"
 #include "rom/GameTextTable.h"
 #include "rom/RomDefinition.h"
+#include "rom/RuntimeError.h"
 #include "rom/SettingsReader.h"
 
 namespace kartova {
@@ -67,6 +72,10 @@ class RomDocument {
   // derived size values always; the tileset, events and grid stages when the mode is not
   // "restore headers", each as the scope allows. The listener hears each step when it is done,
   // so the ui refreshes at the same points even when a later stage raises a runtime error.
+  // The tileset stage reads with the document's time of day; a runtime error in the grid
+  // stage (a neighbour's strip placed outside the grid) keeps what was filled before it, is
+  // reported as kMapBuilt like a finished grid, so that the views still draw, and is thrown
+  // when the load is over.
   // SuppressMapLoad and ChangesPending stay with the ui: it does not call this while the first
   // is set, and clears the second after a load that ran to the end.
   MapLoadResult LoadSelectedMap(int bank, int map, const MapLoadListener& listener = {});
@@ -108,6 +117,24 @@ class RomDocument {
   // Bytes per row of the game's working copy of the link data: (width + 7) * 2.
   std::int32_t LinkRowLength() const { return link_row_length_; }
 
+  // The tileset of the last tileset stage: record, tile sheets, colour table and blocks. Parts
+  // a load could not read keep what the previous tileset left in them.
+  const TilesetGraphics& Graphics() const { return *graphics_; }
+  const ColourTable& Colours() const { return graphics_->colours; }
+  const BlockSet& Blocks() const { return graphics_->blocks; }
+  // The bordered block grid of the last grid stage with its connection rectangles; block
+  // edits change it in place.
+  const ExtendedMap& Grid() const { return grid_; }
+  ExtendedMap& Grid() { return grid_; }
+
+  // The lighting the palettes are read for: 0..7, or 8 ("Auto") for the map header's own.
+  int TimeOfDay() const { return time_of_day_; }
+  // A lighting change: unless value is the current one, stores it and reads the palettes of
+  // the loaded map again, with palette 6 taking the colours of map bank `bank` (0..25, the
+  // bank selector's position). Only the colour table changes. False when nothing was done
+  // (no file access then).
+  bool SetTimeOfDay(int value, int bank);
+
   // Reads that went to the operating system in the last OpenRom or LoadSelectedMap (the
   // definition's own title read not counted).
   int LastSystemReads() const { return last_system_reads_; }
@@ -118,7 +145,8 @@ class RomDocument {
   // Later stages of a map load; each reads through the open file of the load.
   void LoadTilesetStage(RomFile& rom);
   void LoadEventsStage(RomFile& rom);
-  void BuildExtendedMapStage(RomFile& rom);
+  // Returns the runtime error that ended the grid early, if one did.
+  std::optional<RuntimeError> BuildExtendedMapStage(RomFile& rom);
 
   GameTextTable text_table_;
   std::string rom_path_;
@@ -138,6 +166,10 @@ class RomDocument {
   int map_width_ = 0;
   std::int32_t block_data_pointer_ = 0;
   std::int32_t link_row_length_ = 14;
+  int time_of_day_ = kTimeOfDayAuto;
+  // Large and kept from load to load; on the heap so that a document is cheap to hold.
+  std::unique_ptr<TilesetGraphics> graphics_;
+  ExtendedMap grid_;
   mutable int last_system_reads_ = 0;
 };
 

@@ -1,9 +1,317 @@
 #include "ui/HeaderPage.h"
 
+#include <QCheckBox>
+#include <QComboBox>
+#include <QGridLayout>
+#include <QGroupBox>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QLineEdit>
+#include <QRadioButton>
+#include <QSignalBlocker>
+#include <QSpinBox>
+#include <algorithm>
+
+#include "maps/HeaderFields.h"
+#include "rom/HexText.h"
+#include "rom/RomDefinition.h"
+#include "ui/ComboFit.h"
+#include "ui/ConnectionFrame.h"
+#include "ui/LinkDataFrame.h"
+#include "ui/MainWindow.h"
+#include "ui/WindowPlacement.h"
+
 namespace kartova {
 
-HeaderPage::HeaderPage(QWidget* parent) : QFrame(parent) {
+namespace {
+
+// Widths of the form's boxes in twips. Header(2) is the wider one while it also shows the
+// extra header bytes, whose names need the room of the selector beside it.
+constexpr int kShortBoxTwips = 840;
+constexpr int kLongBoxTwips = 1080;
+constexpr int kWideExtraByteBoxTwips = 1320;
+
+constexpr int kConnectionFlagsBox = 8;
+constexpr int kExtraByteBox = 2;
+
+constexpr const char* kConnectionCaptions[] = {"Oben", "Unten", "Links", "Rechts"};
+
+int TwipsToPixels(QWidget& widget, int twips) { return WindowPlacement(widget).ToPixelsX(twips); }
+
+}  // namespace
+
+QLineEdit* MakeHeaderBox(int index, int digits, QWidget* parent) {
+  auto* box = new QLineEdit(parent);
+  box->setObjectName(QStringLiteral("Header(%1)").arg(index));
+  box->setFixedWidth(TwipsToPixels(*parent, digits > 4 ? kLongBoxTwips : kShortBoxTwips));
+  return box;
+}
+
+HeaderPage::HeaderPage(MainWindow& window, QWidget* parent) : QFrame(parent), window_(window) {
   setObjectName(QStringLiteral("Frame(3)"));
+  connection_frame_ = new ConnectionFrame(this);
+  link_data_frame_ = new LinkDataFrame(this);
+
+  auto* grid = new QGridLayout(this);
+  grid->setContentsMargins(4, 4, 4, 4);
+  grid->setSpacing(6);
+  grid->addWidget(BuildPrimaryFrame(), 0, 0);
+  grid->addWidget(BuildSecondaryFrame(), 0, 1);
+  grid->addWidget(connection_frame_, 1, 0);
+  grid->addWidget(link_data_frame_, 1, 1);
+  grid->setColumnStretch(0, 1);
+  grid->setColumnStretch(1, 1);
+  grid->setRowStretch(1, 1);
+  ConnectEditors();
+}
+
+QComboBox* HeaderPage::MakeCombo(int index) {
+  auto* combo = new QComboBox(this);
+  combo->setObjectName(QStringLiteral("HCombo(%1)").arg(index));
+  combo->setEditable(true);
+  // Codes are typed as two hex digits; neither completion nor a new list entry may turn the
+  // typed text into something else.
+  combo->setCompleter(nullptr);
+  combo->setInsertPolicy(QComboBox::NoInsert);
+  combo->setMinimumContentsLength(10);
+  combo->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
+  combos_[static_cast<size_t>(index)] = combo;
+  return combo;
+}
+
+QWidget* HeaderPage::BuildPrimaryFrame() {
+  auto* frame = new QGroupBox(QStringLiteral("Primary Mapheader"), this);
+  frame->setObjectName(QStringLiteral("PrimaryHeaderFrame"));
+  auto* grid = new QGridLayout(frame);
+  grid->setVerticalSpacing(3);
+  const auto label = [frame](const char* caption) { return new QLabel(QString::fromUtf8(caption), frame); };
+  boxes_[0] = MakeHeaderBox(0, 2, frame);
+  boxes_[0]->setReadOnly(true);
+  boxes_[1] = MakeHeaderBox(1, 4, frame);
+  boxes_[1]->setReadOnly(true);
+  boxes_[2] = MakeHeaderBox(2, 2, frame);
+
+  grid->addWidget(label("Bank:"), 0, 0);
+  grid->addWidget(boxes_[0], 0, 1);
+  grid->addWidget(label("Tileset:"), 1, 0);
+  grid->addWidget(MakeCombo(0), 1, 1, 1, 4);
+  grid->addWidget(label("Spite Set"), 2, 0);
+  grid->addWidget(MakeCombo(1), 2, 1, 1, 4);
+  grid->addWidget(label("Point:"), 3, 0);
+  grid->addWidget(boxes_[1], 3, 1);
+  grid->addWidget(label("Title:"), 4, 0);
+  grid->addWidget(MakeCombo(2), 4, 1, 1, 4);
+  grid->addWidget(label("Music:"), 5, 0);
+  grid->addWidget(MakeCombo(3), 5, 1, 1, 4);
+  grid->addWidget(label("Lighting"), 6, 0);
+  grid->addWidget(MakeCombo(4), 6, 1, 1, 4);
+
+  extra_byte_label_ = new QLabel(QStringLiteral("Angel:"), frame);
+  extra_byte_label_->setObjectName(QStringLiteral("Label56"));
+  extra_selector_label_ = new QLabel(QStringLiteral("Byte-Nr.:"), frame);
+  extra_selector_label_->setObjectName(QStringLiteral("Label65"));
+  extra_byte_selector_ = new QSpinBox(frame);
+  extra_byte_selector_->setObjectName(QStringLiteral("UpDown9"));
+  extra_byte_selector_->setRange(0, 0);
+  // Records of nine bytes have no extra bytes to choose.
+  extra_selector_label_->hide();
+  extra_byte_selector_->hide();
+  grid->addWidget(extra_byte_label_, 7, 0);
+  grid->addWidget(boxes_[2], 7, 1, 1, 2);
+  grid->addWidget(extra_selector_label_, 7, 3, Qt::AlignRight);
+  grid->addWidget(extra_byte_selector_, 7, 4);
+  grid->setColumnStretch(2, 1);
+  grid->setRowStretch(8, 1);
+  return frame;
+}
+
+QWidget* HeaderPage::BuildSecondaryFrame() {
+  auto* frame = new QGroupBox(QStringLiteral("Secondary Map Header"), this);
+  frame->setObjectName(QStringLiteral("SecondaryHeaderFrame"));
+  auto* grid = new QGridLayout(frame);
+  grid->setVerticalSpacing(3);
+  const auto label = [frame](const char* caption) { return new QLabel(QString::fromUtf8(caption), frame); };
+  constexpr int kDigits[kPageBoxes] = {2, 4, 2, 2, 6, 2, 4, 4, 2, 2, 2};
+  for (int i = 3; i < kPageBoxes; ++i) boxes_[static_cast<size_t>(i)] = MakeHeaderBox(i, kDigits[i], frame);
+  boxes_[4]->setReadOnly(true);
+
+  grid->addWidget(label("Border:"), 0, 0);
+  grid->addWidget(boxes_[3], 0, 1);
+  grid->addWidget(label("size:"), 1, 0);
+  grid->addWidget(boxes_[9], 1, 1);
+  grid->addWidget(boxes_[10], 1, 2);
+  grid->addWidget(label(" X / Y"), 1, 3);
+  grid->addWidget(label("Map-Pointer:"), 2, 0);
+  grid->addWidget(boxes_[4], 2, 1, 1, 2);
+  grid->addWidget(label("Bank:"), 3, 0);
+  grid->addWidget(boxes_[5], 3, 1);
+  grid->addWidget(label("Script: (2)"), 4, 0);
+  grid->addWidget(boxes_[6], 4, 1);
+  grid->addWidget(label("Event: (2)"), 5, 0);
+  grid->addWidget(boxes_[7], 5, 1);
+  grid->addWidget(label("Links:"), 6, 0);
+  grid->addWidget(boxes_[8], 6, 1);
+
+  auto* checks = new QHBoxLayout;
+  for (int i = 0; i < 4; ++i) {
+    auto* check = new QCheckBox(QString::fromLatin1(kConnectionCaptions[i]), frame);
+    check->setObjectName(QStringLiteral("Con(%1)").arg(i));
+    // The checks follow Header(8); switching a direction by a click belongs to the connection
+    // editor, which is not wired here.
+    check->setEnabled(false);
+    connection_checks_[static_cast<size_t>(i)] = check;
+    checks->addWidget(check);
+  }
+  checks->addStretch(1);
+  grid->addLayout(checks, 7, 0, 1, 5);
+  grid->setColumnStretch(4, 1);
+  grid->setRowStretch(8, 1);
+  return frame;
+}
+
+void HeaderPage::ConnectEditors() {
+  for (int i = 0; i < 20; ++i) {
+    QLineEdit* box = header(i);
+    connect(box, &QLineEdit::textChanged, this, [this, i](const QString& text) { ChangeHeaderBox(i, text); });
+  }
+  for (int i = 0; i < kCombos; ++i) {
+    QComboBox* combo = combos_[static_cast<size_t>(i)];
+    connect(combo, &QComboBox::editTextChanged, this,
+            [this, i](const QString& text) { ChangeHeaderCombo(i, text); });
+    // A click in the list only forwards to the change event.
+    connect(combo, &QComboBox::activated, this,
+            [this, i, combo] { ChangeHeaderCombo(i, combo->currentText()); });
+  }
+  connect(extra_byte_selector_, &QSpinBox::valueChanged, this, &HeaderPage::ChangeExtraByte);
+}
+
+QLineEdit* HeaderPage::header(int index) const {
+  if (index >= 0 && index < kPageBoxes) return boxes_[static_cast<size_t>(index)];
+  return connection_frame_->box(index);
+}
+
+QComboBox* HeaderPage::header_combo(int index) const {
+  return index >= 0 && index < kCombos ? combos_[static_cast<size_t>(index)] : nullptr;
+}
+
+QCheckBox* HeaderPage::connection_check(int direction) const {
+  return direction >= 0 && direction < 4 ? connection_checks_[static_cast<size_t>(direction)] : nullptr;
+}
+
+// ---- Filling the page -----------------------------------------------------------------------
+
+void HeaderPage::FillComboList(QComboBox& combo, const QStringList& items) {
+  // Refilling a list is no edit of the header byte behind it.
+  const QSignalBlocker quiet(&combo);
+  combo.clear();
+  combo.addItems(items);
+  combo.setCurrentIndex(-1);
+  combo.clearEditText();
+  FitComboDropDown(combo);
+}
+
+void HeaderPage::ApplyDefinition(const RomDefinition& definition) {
+  for (int list : {RomDefinition::kTilesetNames, RomDefinition::kAbilityNames,
+                   RomDefinition::kMusicNames, RomDefinition::kTimeNames}) {
+    QStringList items;
+    for (const std::string& item : definition.name_lists[static_cast<size_t>(list)])
+      items << QString::fromStdString(item);
+    FillComboList(*combos_[static_cast<size_t>(list)], items);
+  }
+  // A record shorter than nine bytes gives a negative limit; the hidden selector keeps 0.
+  extra_byte_selector_->setMaximum(std::max(0, definition.extra_byte_max));
+  extra_selector_label_->setVisible(definition.extra_bytes_visible);
+  extra_byte_selector_->setVisible(definition.extra_bytes_visible);
+  boxes_[kExtraByteBox]->setFixedWidth(TwipsToPixels(
+      window_, definition.extra_bytes_visible ? kWideExtraByteBoxTwips : kShortBoxTwips));
+}
+
+void HeaderPage::FillLocationList(const QStringList& items) {
+  FillComboList(*combos_[RomDefinition::kLocationNames], items);
+}
+
+void HeaderPage::ShowHeaderFields(int which) {
+  const std::uint8_t saved = window_.updating_controls();
+  const ScopeExit restore([this, saved] { window_.set_updating_controls(saved); });
+  window_.set_updating_controls(kUpdatingShowingHeaders);
+  const RomDocument& document = window_.document();
+  for (int i = 0; i < kPageBoxes; ++i) {
+    if (which != -1 && which != i) continue;
+    if (i == kExtraByteBox)
+      extra_byte_label_->setText(QString::fromStdString(
+          ExtraByteCaption(extra_byte_, document.Definition().extra_header_byte_names)));
+    QLineEdit* box = boxes_[static_cast<size_t>(i)];
+    const QString text = QString::fromStdString(
+        HeaderFieldText(i, document.Primary(), document.Secondary(), extra_byte_));
+    const bool same = box->text() == text;
+    box->setText(text);
+    // The change event brings the checks up to date; an unchanged text raises none.
+    if (i == kConnectionFlagsBox && same)
+      ShowConnectionChecks(document.Secondary().ConnectionFlags());
+  }
+}
+
+void HeaderPage::ShowHeaderCombos(int which) {
+  const std::uint8_t saved = window_.updating_controls();
+  const ScopeExit restore([this, saved] { window_.set_updating_controls(saved); });
+  window_.set_updating_controls(kUpdatingShowingHeaders);
+  const PrimaryHeaderBuffer& primary = window_.document().Primary();
+  for (int i = 0; i < kCombos; ++i) {
+    if (which != -1 && which != i) continue;
+    QComboBox* combo = combos_[static_cast<size_t>(i)];
+    const ComboDisplay display = ShowHeaderCombo(HeaderComboCode(i, primary), combo->count());
+    combo->setCurrentIndex(display.list_index);
+    // The entry's text also replaces whatever was typed over an unchanged selection.
+    combo->setEditText(display.list_index >= 0 ? combo->itemText(display.list_index)
+                                               : QString::fromStdString(display.text));
+  }
+}
+
+void HeaderPage::MatchConnectionSelectors() {
+  for (int i = 0; i < 4; ++i)
+    connection_frame_->selector(i)->setEnabled(connection_checks_[static_cast<size_t>(i)]->isChecked());
+}
+
+void HeaderPage::ShowConnectionChecks(std::uint8_t flags) {
+  {
+    const std::uint8_t saved = window_.updating_controls();
+    const ScopeExit restore([this, saved] { window_.set_updating_controls(saved); });
+    window_.set_updating_controls(kUpdatingStoring);
+    const std::array<bool, 4> checks = ConnectionChecks(flags);
+    for (int i = 0; i < 4; ++i) connection_checks_[static_cast<size_t>(i)]->setChecked(checks[static_cast<size_t>(i)]);
+  }
+  emit ConnectionEditorEnabled((flags & 0x0F) != 0);
+}
+
+// ---- Edits ----------------------------------------------------------------------------------
+
+void HeaderPage::ChangeHeaderBox(int index, const QString& text) {
+  window_.Guarded([&] {
+    RomDocument& document = window_.document();
+    const std::string typed = text.toStdString();
+    const HeaderFieldEdit edit = EditHeaderField(index, typed, window_.updating_controls(), extra_byte_,
+                                                 document.Primary(), document.Secondary());
+    if (edit.set_changes_pending) window_.set_changes_pending(true);
+    if (edit.connection_flags) ShowConnectionChecks(*edit.connection_flags);
+    if (edit.for_connection_editor) {
+      const ScopeExit idle([this] { window_.set_updating_controls(kUpdatingIdle); });
+      window_.set_updating_controls(kUpdatingStoring);
+      emit ConnectionBoxEdited(index, ParseHex(typed));
+    }
+  });
+}
+
+void HeaderPage::ChangeHeaderCombo(int index, const QString& text) {
+  window_.Guarded([&] {
+    const HeaderComboEdit edit =
+        EditHeaderCombo(index, text.toStdString(), window_.updating_controls(), window_.document().Primary());
+    if (edit.set_changes_pending) window_.set_changes_pending(true);
+  });
+}
+
+void HeaderPage::ChangeExtraByte(int value) {
+  extra_byte_ = value;
+  window_.Guarded([this] { ShowHeaderFields(kExtraByteBox); });
 }
 
 }  // namespace kartova

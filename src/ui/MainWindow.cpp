@@ -16,8 +16,10 @@
 #include "app/SettingsStore.h"
 #include "ui/EventPage.h"
 #include "ui/FileExists.h"
+#include "ui/GraphicsController.h"
 #include "ui/HeaderPage.h"
 #include "ui/MapPage.h"
+#include "ui/MapSelector.h"
 #include "ui/Prompter.h"
 #include "ui/WuselixPage.h"
 
@@ -30,11 +32,14 @@ constexpr const char* kTabCaptions[] = {" Map ", " Events ", " Wuselix data ", "
 
 // Commands whose behaviour this build does not have yet: they are shown, but cannot be chosen.
 constexpr const char* kUnwiredItems[] = {
-    "mnuLoad",     "mnuReloadFull", "mnuReloadMap",  "mnuReloadEvents",
-    "mnuSaveFull", "mnuSaveMap",    "mnuSaveEvents", "mnuDayAuto",
-    "mnuDay0",     "mnuDay1",       "mnuDay2",       "mnuDay3",
-    "mnuDay4",     "mnuDay5",       "mnuDay6",       "mnuDay7",
+    "mnuSaveFull", "mnuSaveMap", "mnuSaveEvents",
 };
+
+constexpr const char* kApplyTitle = "Änderungen übernehmen?";
+constexpr const char* kApplyText =
+    "Damit die Änderungen sichtbar werden, müssen sie jetzt übernommen werden. Dazu werden alle "
+    "Daten außer den Headern neu aus dem Rom geladen. 'Nein' stellt den Ursprungszustand der "
+    "Daten wieder her.";
 
 }  // namespace
 
@@ -52,6 +57,7 @@ MainWindow::MainWindow(SettingsStore& settings, Prompter& prompter, QString prog
   view_options_ = new ViewOptions(settings_, *menu_, this);
   BuildCentralArea();
   BuildStatusBar();
+  graphics_ = new GraphicsController(*this);
   ConnectMenu();
   MarkUnwiredItems();
 }
@@ -69,6 +75,8 @@ void MainWindow::BuildCentralArea() {
   selector_area_->setObjectName(QStringLiteral("SelectorArea"));
   auto* selector_layout = new QHBoxLayout(selector_area_);
   selector_layout->setContentsMargins(0, 0, 0, 4);
+  map_selector_ = new MapSelector(selector_area_);
+  selector_layout->addWidget(map_selector_);
   layout->addWidget(selector_area_);
 
   tab_strip_ = new QTabBar(central);
@@ -86,7 +94,7 @@ void MainWindow::BuildCentralArea() {
   map_page_ = new MapPage;
   event_page_ = new EventPage;
   wuselix_page_ = new WuselixPage;
-  header_page_ = new HeaderPage;
+  header_page_ = new HeaderPage(*this);
   for (QWidget* page :
        std::initializer_list<QWidget*>{map_page_, event_page_, wuselix_page_, header_page_})
     pages_->addWidget(page);
@@ -96,6 +104,10 @@ void MainWindow::BuildCentralArea() {
 
   connect(tab_strip_, &QTabBar::currentChanged, this,
           [this](int index) { Guarded([&] { ClickTabStrip(index); }); });
+  connect(map_selector_, &MapSelector::BankClicked, this,
+          [this] { Guarded([this] { FillMapList(); }); });
+  connect(map_selector_, &MapSelector::MapClicked, this,
+          [this] { Guarded([this] { ClickMapList(); }); });
 }
 
 void MainWindow::BuildStatusBar() {
@@ -129,6 +141,7 @@ void MainWindow::ConnectMenu() {
                  [this] { Guarded([this] { ClickSavePropertyKind(SettingsStore::kRegistry); }); });
   menu_->OnClick("mnuSavePropertyINI", this,
                  [this] { Guarded([this] { ClickSavePropertyKind(SettingsStore::kIni); }); });
+  ConnectRomItems();
   ConnectFileItems();
   ConnectViewOptionItems();
 }
@@ -169,7 +182,6 @@ void MainWindow::Start() {
   setWindowTitle(QString::fromLatin1(kProgramTitle));
   current_tab_ = kMapTab;
   wuselix_page_->time_of_day()->setCurrentIndex(0);
-  header_length_ = 9;
   time_of_day_ = 8;
   menu_->SetChecked("mnuDayAuto", true);
 
@@ -182,6 +194,7 @@ void MainWindow::Start() {
   ReadStandardFileOptions();
   SetUpViews();
   LoadStandardFileAtStartup();
+  OpenCommandLineRom();
 }
 
 void MainWindow::ChooseSettingsBackEnd() {
@@ -196,10 +209,11 @@ void MainWindow::ChooseSettingsBackEnd() {
 
 void MainWindow::PrepareViews() {
   // The views size their pictures from the zoom factors here and load the marker sheet.
+  graphics_->PrepareViews();
 }
 
 void MainWindow::SetUpViews() {
-  // The block chooser and the map view set up their scroll bars here.
+  graphics_->SetUpViews();
 }
 
 void MainWindow::ReadStandardFileOptions() {
@@ -245,9 +259,7 @@ void MainWindow::ClickSavePropertyKind(int kind) {
                      "sichtbar."));
 }
 
-// ---- ROM, standard file and title -----------------------------------------------------------
-
-void MainWindow::OpenRom() {}
+// ---- Standard file and title ----------------------------------------------------------------
 
 void MainWindow::SetWindowTitle() {
   const qsizetype cut =
@@ -269,6 +281,7 @@ void MainWindow::UpdateStandardFileItems() {
 }
 
 void MainWindow::ClickStdLoad() {
+  previous_rom_path_ = rom_path_;
   rom_path_ = std_file_;
   OpenRom();
 }
@@ -308,9 +321,23 @@ void MainWindow::ClickTabStrip(int index) {
   AfterTabChange(old_tab, index);
 }
 
+// Header edits reach the map and the events only when they are applied on leaving the page.
+// False when the user stays on the header page.
 bool MainWindow::ResolvePendingChanges() {
-  // Header edits ask "Änderungen übernehmen?" here before the page is left; false keeps the
-  // header page.
+  if (!changes_pending_) return true;
+  const Prompter::Answer answer =
+      prompter_.Message(QString::fromUtf8(kApplyText), QString::fromUtf8(kApplyTitle),
+                        Prompter::Buttons::kYesNoCancel);
+  if (answer != Prompter::Answer::kYes && answer != Prompter::Answer::kNo) {
+    const ScopeExit normal([this] { apply_mode_ = kApplyNormal; });
+    apply_mode_ = kApplySelectingTab;
+    tab_strip_->setCurrentIndex(kHeaderTab);
+    return false;
+  }
+  changes_pending_ = false;
+  const ScopeExit normal([this] { apply_mode_ = kApplyNormal; });
+  apply_mode_ = answer == Prompter::Answer::kYes ? kApplyEditedHeaders : kApplyRestoreHeaders;
+  if (!suppress_map_load()) LoadSelectedMap();
   return true;
 }
 
@@ -319,9 +346,10 @@ void MainWindow::ShowPage(int tab) {
   pages_->setCurrentIndex(tab);
 }
 
-void MainWindow::AfterTabChange(int /*old_tab*/, int /*new_tab*/) {
-  // The link data view is rebuilt for the header page, the map view redrawn for the map and
-  // event pages.
+void MainWindow::AfterTabChange(int old_tab, int new_tab) {
+  if (new_tab == kHeaderTab) emit LinkDataViewRequested();
+  if ((new_tab == kMapTab || new_tab == kEventTab) && new_tab != old_tab && !suppress_map_load())
+    emit MapViewRedrawRequested();
 }
 
 }  // namespace kartova

@@ -6,7 +6,9 @@
 #include <cstdint>
 #include <memory>
 #include <optional>
+#include <utility>
 
+#include "maps/RomDocument.h"
 #include "rom/GameTextTable.h"
 #include "ui/HandlerBoundary.h"
 #include "ui/MainMenu.h"
@@ -23,11 +25,27 @@ namespace kartova {
 class EventPage;
 class HeaderPage;
 class MapPage;
+class GraphicsController;
+class MapSelector;
 class Prompter;
 class SettingsStore;
 class WuselixPage;
 
 inline constexpr const char* kProgramTitle = "Kartova v1.38";
+
+// Runs a function when the scope ends, also when a runtime error unwinds it, so that the
+// window's guard flags get their old values back however a handler ends.
+template <class F>
+class ScopeExit {
+ public:
+  explicit ScopeExit(F f) : f_(std::move(f)) {}
+  ~ScopeExit() { f_(); }
+  ScopeExit(const ScopeExit&) = delete;
+  ScopeExit& operator=(const ScopeExit&) = delete;
+
+ private:
+  F f_;
+};
 
 // The editor's one working window. It owns the state of the open ROM that several pages share
 // (the fields below), the menus, the tab strip with its pages and the status bar. Construction
@@ -47,8 +65,19 @@ class MainWindow : public QMainWindow {
   // view options, standard file (opened when auto-loading is on).
   void Start();
 
-  // Opens the ROM at rom_path(). The ROM commands plug in here.
+  // Makes the ROM at rom_path() current: definition, file menus, title, map bank table and
+  // location names, then reselects bank and map so that the map loads. A definition that
+  // cannot be read keeps the previous ROM and restores rom_path() from previous_rom_path().
   virtual void OpenRom();
+  // The click handler of Combo2: lists the maps of the selected bank in Combo3, nothing
+  // selected. A location byte above 94 ends the list there with the subscript error.
+  void FillMapList();
+  // The click handler of Combo3: releases the view lock, loads the map and enables the scroll
+  // bars of the map and event views.
+  void ClickMapList();
+  // Loads the selected map by ReloadScope and ApplyMode, unless SuppressMapLoad is set; the
+  // pages refresh after each step (MapLoadStepDone).
+  void LoadSelectedMap();
 
   // The caption: program title, " - " and the ROM's file name, " (Standard)" when the ROM is
   // the standard file. A path without a separator leaves the caption as it is.
@@ -71,6 +100,9 @@ class MainWindow : public QMainWindow {
   const QString& program_dir() const { return program_dir_; }
   // The game text table, built at start-up.
   const GameTextTable& game_text_table() const { return *game_text_table_; }
+  // The open ROM and the current map; the command line tool drives the same class.
+  RomDocument& document() { return document_; }
+  const RomDocument& document() const { return document_; }
 
   // The command line as main() read it.
   void set_startup_options(StartupOptions options) { startup_options_ = std::move(options); }
@@ -79,6 +111,9 @@ class MainWindow : public QMainWindow {
   // Controls.
   QTabBar* tab_strip() const { return tab_strip_; }
   QWidget* selector_area() const { return selector_area_; }
+  MapSelector* map_selector() const { return map_selector_; }
+  // The map view, the event view's map drawing, the block chooser and the lighting menu.
+  GraphicsController* graphics() const { return graphics_; }
   MapPage* map_page() const { return map_page_; }
   EventPage* event_page() const { return event_page_; }
   WuselixPage* wuselix_page() const { return wuselix_page_; }
@@ -97,20 +132,23 @@ class MainWindow : public QMainWindow {
   // 0 full, 1 map only, 2 events only; non-zero only while a reload or save runs.
   std::int16_t reload_scope() const { return reload_scope_; }
   void set_reload_scope(std::int16_t scope) { reload_scope_ = scope; }
-  // Set while the program itself selects in the bank and map lists.
-  bool rom_loading() const { return rom_loading_; }
-  void set_rom_loading(bool on) { rom_loading_ = on; }
-  // Set while the header and connection fields are refilled.
-  bool updating_controls() const { return updating_controls_; }
-  void set_updating_controls(bool on) { updating_controls_ = on; }
+  // 1 while the program itself selects in the bank and map lists, else 0.
+  std::uint8_t rom_loading() const { return rom_loading_; }
+  void set_rom_loading(std::uint8_t value) { rom_loading_ = value; }
+  // What the header and connection boxes are doing (UpdatingControls in maps/HeaderFields.h):
+  // 0 idle, 1 an edit is stored, 2 the header page is refilled, 3 the connection checks are
+  // written, 5 the connection fields are refilled.
+  std::uint8_t updating_controls() const { return updating_controls_; }
+  void set_updating_controls(std::uint8_t value) { updating_controls_ = value; }
   // Header edits not yet applied to the other pages.
   bool changes_pending() const { return changes_pending_; }
   void set_changes_pending(bool on) { changes_pending_ = on; }
   // 0 normal, 1 the program selects a tab, 2 headers restored, 3 edited headers applied.
   std::uint8_t apply_mode() const { return apply_mode_; }
   void set_apply_mode(std::uint8_t mode) { apply_mode_ = mode; }
-  bool suppress_map_load() const { return suppress_map_load_; }
-  void set_suppress_map_load(bool on) { suppress_map_load_ = on; }
+  // SuppressMapLoad is the view lock: while it is set no map is loaded or drawn.
+  bool suppress_map_load() const { return view_lock_ != 0; }
+  void set_suppress_map_load(bool on) { view_lock_ = on ? 1 : 0; }
   std::uint8_t current_tab() const { return current_tab_; }
   // 0..7 a lighting, 8 "Auto" (the map header's own).
   int time_of_day() const { return time_of_day_; }
@@ -119,12 +157,20 @@ class MainWindow : public QMainWindow {
   int view_lock() const { return view_lock_; }
   void set_view_lock(int lock) { view_lock_ = lock; }
   // Length of a primary header record; 9 until a ROM definition says otherwise.
-  std::int32_t header_length() const { return header_length_; }
-  void set_header_length(std::int32_t length) { header_length_ = length; }
+  std::int32_t header_length() const { return document_.HeaderLength(); }
   int map_zoom() const { return view_options_->zoom(ViewOptions::View::kMap); }
   int event_zoom() const { return view_options_->zoom(ViewOptions::View::kEvent); }
   int tileset_zoom() const { return view_options_->zoom(ViewOptions::View::kTileset); }
   float scroll_speed() const { return view_options_->scroll_speed(); }
+
+ signals:
+  // A step of a map load is done (header page already refreshed for kHeaderPage): the map and
+  // event pages refresh here.
+  void MapLoadStepDone(kartova::MapLoadStep step);
+  // The header tab was selected: the map link data view is rebuilt.
+  void LinkDataViewRequested();
+  // The map or event tab was selected coming from another tab: the whole view is redrawn.
+  void MapViewRedrawRequested();
 
  protected:
   void closeEvent(QCloseEvent* event) override;
@@ -136,6 +182,7 @@ class MainWindow : public QMainWindow {
   void ConnectMenu();
   void ConnectViewOptionItems();
   void ConnectFileItems();
+  void ConnectRomItems();
   void MarkUnwiredItems();
 
   // Start-up steps.
@@ -144,6 +191,17 @@ class MainWindow : public QMainWindow {
   void SetUpViews();
   void ReadStandardFileOptions();
   void LoadStandardFileAtStartup();
+  void OpenCommandLineRom();
+
+  // ROM commands and the steps of OpenRom.
+  void ClickLoad();
+  void ClickReload(std::int16_t scope);
+  void ReadRomDefinitionAndTables();
+  void EnableRomMenus();
+  void SelectBankAfterOpen();
+  void ReselectMap(int remembered);
+  void AfterMapLoadStep(MapLoadStep step);
+  void EnableMapScrollBars();
 
   // Handlers.
   void ClickSavePropertyKind(int kind);
@@ -165,8 +223,11 @@ class MainWindow : public QMainWindow {
   ViewOptions* view_options_ = nullptr;
   WindowPlacement placement_;
   std::optional<GameTextTable> game_text_table_;
+  RomDocument document_;
 
   QWidget* selector_area_ = nullptr;
+  MapSelector* map_selector_ = nullptr;
+  GraphicsController* graphics_ = nullptr;
   QTabBar* tab_strip_ = nullptr;
   QStackedWidget* pages_ = nullptr;
   MapPage* map_page_ = nullptr;
@@ -180,15 +241,13 @@ class MainWindow : public QMainWindow {
   QString std_file_;
   QString open_dialog_dir_;
   std::int16_t reload_scope_ = 0;
-  bool rom_loading_ = false;
-  bool updating_controls_ = false;
+  std::uint8_t rom_loading_ = 0;
+  std::uint8_t updating_controls_ = 0;
   bool changes_pending_ = false;
   std::uint8_t apply_mode_ = 0;
-  bool suppress_map_load_ = false;
   std::uint8_t current_tab_ = kMapTab;
   int time_of_day_ = 8;
   int view_lock_ = 1;
-  std::int32_t header_length_ = 9;
 };
 
 }  // namespace kartova

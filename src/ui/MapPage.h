@@ -4,12 +4,27 @@
 
 namespace kartova {
 
-// The " Map " page: the map view with its scroll bars and the block chooser.
+class BlockChooserView;
+class FrameMarker;
+class MapView;
+
+// The " Map " page: the map view (Picture1 with HScroll1, VScroll1) takes the free room, the
+// block chooser (Picture2 with VScroll2) stands at the right.
 class MapPage : public QFrame {
   Q_OBJECT
 
  public:
   explicit MapPage(QWidget* parent = nullptr);
+
+  MapView* map_view() const { return map_view_; }
+  BlockChooserView* chooser() const { return chooser_; }
+  // The frame around the map cell under the mouse.
+  FrameMarker* block_cursor() const { return block_cursor_; }
+
+ private:
+  MapView* map_view_;
+  BlockChooserView* chooser_;
+  FrameMarker* block_cursor_;
 };
 
 }  // namespace kartova

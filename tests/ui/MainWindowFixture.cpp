@@ -30,8 +30,21 @@ std::string MainWindowTest::Ini(const std::string& key) const {
 }
 
 ObservedMainWindow& MainWindowTest::StartWindow() {
-  window_ = std::make_unique<ObservedMainWindow>(*store_, prompter_,
-                                                 QString::fromStdString(program_dir_));
+  auto window = std::make_unique<ObservedMainWindow>(*store_, prompter_,
+                                                     QString::fromStdString(program_dir_));
+  ObservedMainWindow& observed = *window;
+  window_ = std::move(window);
+  window_->Start();
+  window_->show();
+  QCoreApplication::processEvents();
+  return observed;
+}
+
+MainWindow& MainWindowTest::StartEditor(const QString& rom_argument) {
+  window_ = std::make_unique<MainWindow>(*store_, prompter_, QString::fromStdString(program_dir_));
+  StartupOptions options;
+  options.rom_path = rom_argument;
+  window_->set_startup_options(options);
   window_->Start();
   window_->show();
   QCoreApplication::processEvents();

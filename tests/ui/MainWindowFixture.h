@@ -35,6 +35,8 @@ class MainWindowTest : public ::testing::Test {
   std::string Ini(const std::string& key) const;
 
   ObservedMainWindow& StartWindow();
+  // The real editor, OpenRom and all; rom_argument is its command line ROM.
+  MainWindow& StartEditor(const QString& rom_argument = {});
   // A click on a menu item; the item must be enabled.
   void Click(const char* item);
   bool Checked(const char* item) const { return window_->menu().Checked(item); }
@@ -49,7 +51,7 @@ class MainWindowTest : public ::testing::Test {
   std::string program_dir_;
   std::unique_ptr<SettingsStore> store_;
   ScriptedPrompter prompter_;
-  std::unique_ptr<ObservedMainWindow> window_;
+  std::unique_ptr<MainWindow> window_;
 };
 
 }  // namespace kartova::test

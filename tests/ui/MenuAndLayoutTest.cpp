@@ -36,8 +36,8 @@ TEST_F(MenuTest, EveryItemWithCaptionOrderAndState) {
   EXPECT_EQ(bar.join(" | ").toStdString(),
             "mnuFile=&File | mnuOptions=&Options | mnuLighting=Palette / Lighting | mnuHelp=&Help");
   EXPECT_EQ(Describe(*window.menu().Submenu("mnuFile")),
-            "!mnuLoad=&Load Rom ... | !mnuReload=&Reload Rom [!mnuReloadFull=&Full | "
-            "!mnuReloadMap=&Map only | !mnuReloadEvents=&Events only] | !mnuSave=&Save Rom "
+            "mnuLoad=&Load Rom ... | !mnuReload=&Reload Rom [mnuReloadFull=&Full | "
+            "mnuReloadMap=&Map only | mnuReloadEvents=&Events only] | !mnuSave=&Save Rom "
             "[!mnuSaveFull=&Save Full | - | !mnuSaveMap=Save Map | !mnuSaveEvents=Save Events] | "
             "!mnuSaveAs=&Save as ... | - | !mnuMapExp=&Export Map | !mnuMapImp=&Import Map | - | "
             "!mnuStdLoad=Standard &File | !mnuStdSet=&Load File as Standard | "
@@ -50,9 +50,9 @@ TEST_F(MenuTest, EveryItemWithCaptionOrderAndState) {
             "mnuShowDirLine=&Show Dir Line | - | mnuSavePropertyMode=Save Settings to "
             "[mnuSavePropertyReg=&Registry | mnuSavePropertyINI=&Kartova.ini]");
   EXPECT_EQ(Describe(*window.menu().Submenu("mnuLighting")),
-            "!mnuDayAuto=Auto | - | !mnuDay0=Morning | !mnuDay1=Mid-day | !mnuDay2=Night / Cave | "
-            "!mnuDay3=Darkness | !mnuDay4=??? | !mnuDay5=??? | !mnuDay6=Night / Cave | "
-            "!mnuDay7=Darkness");
+            "mnuDayAuto=Auto | - | mnuDay0=Morning | mnuDay1=Mid-day | mnuDay2=Night / Cave | "
+            "mnuDay3=Darkness | mnuDay4=??? | mnuDay5=??? | mnuDay6=Night / Cave | "
+            "mnuDay7=Darkness");
   EXPECT_EQ(Describe(*window.menu().Submenu("mnuHelp")), "mnuAbout=&About");
   for (const QString& name : window.menu().ItemNames())
     EXPECT_EQ(window.findChild<QAction*>(name), window.menu().Item(name)) << name.toStdString();

@@ -1,0 +1,79 @@
+#include "cli/MapLoading.h"
+
+#include <algorithm>
+#include <filesystem>
+#include <ostream>
+#include <system_error>
+
+namespace kartova::cli {
+
+SplitArguments SplitOptions(const std::vector<std::string>& args,
+                            const std::vector<std::string>& known_options) {
+  SplitArguments split;
+  for (std::size_t i = 0; i < args.size(); ++i) {
+    const std::string& a = args[i];
+    if (a.size() < 3 || a.compare(0, 2, "--") != 0) {
+      split.positional.push_back(a);
+      continue;
+    }
+    const std::size_t eq = a.find('=');
+    const std::string name = a.substr(2, eq == std::string::npos ? std::string::npos : eq - 2);
+    if (std::find(known_options.begin(), known_options.end(), name) == known_options.end()) {
+      split.error = "unknown option '" + a + "'";
+      return split;
+    }
+    if (eq != std::string::npos) {
+      split.options[name] = a.substr(eq + 1);
+    } else if (i + 1 < args.size()) {
+      split.options[name] = args[++i];
+    } else {
+      split.error = "--" + name + " needs a value";
+      return split;
+    }
+  }
+  return split;
+}
+
+std::optional<int> SmallNumber(const std::string& text) {
+  if (text.empty() || text.size() > 9 || text.find_first_not_of("0123456789") != std::string::npos)
+    return std::nullopt;
+  return std::stoi(text);
+}
+
+std::optional<int> LoadMap(const CommandContext& ctx, const std::vector<std::string>& positional,
+                           int time_of_day, LoadedMap& loaded) {
+  const std::string& rom = positional[0];
+  std::error_code ec;
+  if (std::filesystem::is_directory(std::filesystem::path(std::u8string(rom.begin(), rom.end())), ec)) {
+    ctx.err << "kartova-cli: " << rom << " is a directory, not a ROM file\n";
+    return 1;
+  }
+  RomDocument& doc = loaded.document;
+  doc.OpenRom(rom, ctx.settings);
+  // The map list of the bank decides which map numbers exist, as in the editor's selector.
+  const MapList list = doc.FillMapList(loaded.bank - 1);
+  if (list.error) throw *list.error;
+  if (static_cast<std::size_t>(loaded.map) > list.entries.size()) {
+    ctx.err << "Fehler: Ziel-Map (" << loaded.bank << "." << loaded.map << ") existiert nicht.\n";
+    return 1;
+  }
+  // Before any map is loaded the lighting change reads nothing the load would not read again.
+  doc.SetTimeOfDay(time_of_day, loaded.bank - 1);
+  bool grid_built = false;
+  try {
+    doc.LoadSelectedMap(loaded.bank - 1, loaded.map - 1,
+                        [&](MapLoadStep step) { grid_built |= step == MapLoadStep::kMapBuilt; });
+  } catch (const RuntimeError& error) {
+    if (!grid_built) throw;
+    loaded.grid_error = error;
+  }
+  return std::nullopt;
+}
+
+int ReportGridError(const CommandContext& ctx, const LoadedMap& loaded) {
+  if (!loaded.grid_error) return 0;
+  ctx.err << loaded.grid_error->GermanMessage() << "\n";
+  return 1;
+}
+
+}  // namespace kartova::cli

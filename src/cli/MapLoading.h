@@ -1,0 +1,47 @@
+#pragma once
+
+#include <map>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "cli/Command.h"
+#include "maps/RomDocument.h"
+#include "rom/RuntimeError.h"
+
+namespace kartova::cli {
+
+// A command line split into its positional arguments and its "--name VALUE" or
+// "--name=VALUE" options (each may stand anywhere after the command name).
+struct SplitArguments {
+  std::vector<std::string> positional;
+  std::map<std::string, std::string> options;
+  std::string error;  // set for an unknown option or one without a value
+};
+SplitArguments SplitOptions(const std::vector<std::string>& args,
+                            const std::vector<std::string>& known_options);
+
+// Decimal digits only, at most nine of them.
+std::optional<int> SmallNumber(const std::string& text);
+
+// A map loaded as the editor loads it when it is chosen in the map list: the ROM opened, the
+// map looked up in its bank's list, then every stage of a full load run at the given time of
+// day. A runtime error of the grid stage leaves the grid as far as it was filled; it is kept
+// in grid_error so that the command still shows the map and then reports it.
+struct LoadedMap {
+  RomDocument document;
+  int bank = 1;  // 1..26
+  int map = 1;   // from 1
+  std::optional<RuntimeError> grid_error;
+};
+
+// Loads ROM BANK MAP (positional[0..2]) with time_of_day (0..8). Prints the message and
+// returns the exit status on failure: 1 for a directory or a map the bank does not list
+// ("Fehler: Ziel-Map (B.M) existiert nicht."). Other runtime errors propagate.
+std::optional<int> LoadMap(const CommandContext& ctx, const std::vector<std::string>& positional,
+                           int time_of_day, LoadedMap& loaded);
+
+// Reports a grid error kept by LoadMap on the error stream: 1 if there was one, else 0.
+int ReportGridError(const CommandContext& ctx, const LoadedMap& loaded);
+
+}  // namespace kartova::cli

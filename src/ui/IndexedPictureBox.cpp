@@ -1,0 +1,94 @@
+#include "ui/IndexedPictureBox.h"
+
+#include <QMouseEvent>
+#include <QPainter>
+#include <QResizeEvent>
+
+#include "gfx/ColourTable.h"
+
+namespace kartova {
+
+namespace {
+// Where a picture box shows no buffer, as an empty picture box of the editor always looked.
+const QColor kBackground(0x40, 0x40, 0x40);
+}  // namespace
+
+IndexedPictureBox::IndexedPictureBox(const QString& name, QWidget* parent) : QWidget(parent) {
+  setObjectName(name);
+  setMouseTracking(true);
+  setAttribute(Qt::WA_OpaquePaintEvent);
+  lut_.fill(qRgb(0, 0, 0));
+}
+
+void IndexedPictureBox::SetColourTable(const ColourTable& table) {
+  std::array<QRgb, 256> lut{};
+  for (int k = 0; k < 256; ++k) lut[static_cast<std::size_t>(k)] = table.Argb(k);
+  if (lut == lut_) return;
+  lut_ = lut;
+  dirty_ = true;
+  update();
+}
+
+void IndexedPictureBox::SetBuffer(const IndexedImage& buffer) {
+  indices_ = buffer;
+  dirty_ = true;
+  update();
+}
+
+void IndexedPictureBox::SetSourceWindow(const QRect& window) {
+  if (window == window_) return;
+  window_ = window;
+  update();
+}
+
+void IndexedPictureBox::Convert() {
+  dirty_ = false;
+  ++conversions_;
+  if (indices_.width <= 0 || indices_.height <= 0) {
+    screen_ = QImage();
+    return;
+  }
+  if (screen_.width() != indices_.width || screen_.height() != indices_.height)
+    screen_ = QImage(indices_.width, indices_.height, QImage::Format_RGB32);
+  for (int y = 0; y < indices_.height; ++y) {
+    const std::uint8_t* src = indices_.Row(y);
+    auto* dst = reinterpret_cast<QRgb*>(screen_.scanLine(y));
+    for (int x = 0; x < indices_.width; ++x) dst[x] = lut_[src[x]];
+  }
+}
+
+void IndexedPictureBox::paintEvent(QPaintEvent* /*event*/) {
+  QPainter painter(this);
+  if (dirty_) Convert();
+  painter.fillRect(rect(), kBackground);
+  if (screen_.isNull() || window_.isEmpty()) return;
+  // The window may reach past the buffer when the view is scrolled past the grid; only the
+  // covered part is copied, at the place it would have had.
+  const QRect source = window_.intersected(screen_.rect());
+  if (source.isEmpty()) return;
+  const QPoint target = source.topLeft() - window_.topLeft();
+  painter.drawImage(target, screen_, source);
+}
+
+void IndexedPictureBox::mousePressEvent(QMouseEvent* event) {
+  emit MousePressed(event->button(), event->position().toPoint());
+}
+
+void IndexedPictureBox::mouseMoveEvent(QMouseEvent* event) {
+  emit MouseMoved(event->buttons(), event->position().toPoint());
+}
+
+void IndexedPictureBox::mouseReleaseEvent(QMouseEvent* event) {
+  emit MouseReleased(event->button(), event->position().toPoint());
+}
+
+void IndexedPictureBox::mouseDoubleClickEvent(QMouseEvent* event) {
+  emit MouseDoubleClicked(event->button(), event->position().toPoint());
+}
+
+void IndexedPictureBox::resizeEvent(QResizeEvent* event) {
+  QWidget::resizeEvent(event);
+  emit Resized(event->size());
+}
+
+}  // namespace kartova

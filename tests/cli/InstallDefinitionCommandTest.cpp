@@ -1,0 +1,80 @@
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <map>
+#include <string>
+
+#include "app/IniFile.h"
+#include "cli/CliProcess.h"
+#include "demo/DemoRom.h"
+#include "support/TempDir.h"
+
+namespace kartova {
+namespace {
+
+using test::RunCli;
+
+class InstallDefinitionTest : public ::testing::Test {
+ protected:
+  InstallDefinitionTest() {
+    test::WriteFileText(Source(), "; a comment = not a key\n[Settings]\nDefaultPropertyPath=ini\n"
+                                  "MapNameTable=92400\n\n[Rom A]\r\nHeaderLengthA = 12 \r\n"
+                                  "ResName0=\"Flags\"\r\nresname0=second\r\n[Liste]\ncount=1\n00=Wald\n");
+  }
+  std::string Source() const { return dir_.File("source.ini"); }
+
+  test::TempDir dir_;
+};
+
+TEST_F(InstallDefinitionTest, CopiesEverySectionAndKeyIntoTheGivenFile) {
+  const std::string target = dir_.File("Kartova.ini");
+  test::WriteFileText(target, "[Settings]\nDefaultPropertyPath=reg\nStdFile=x.gbc\n[Rom A]\nTilesetBase=2E00\n");
+  const test::CliResult r = RunCli({"--ini", target, "install-definition", Source()});
+  ASSERT_EQ(r.status, 0) << r.err;
+  EXPECT_EQ(r.out, "Installed 5 keys in 3 sections into " + target + "\n");
+  const IniFile ini(target);
+  EXPECT_EQ(ini.Read("Rom A", "HeaderLengthA", "?"), "12");
+  EXPECT_EQ(ini.Read("Rom A", "ResName0", "?"), "Flags");  // the first of the repeated keys
+  EXPECT_EQ(ini.Read("Rom A", "TilesetBase", "?"), "2E00");
+  EXPECT_EQ(ini.Read("Settings", "MapNameTable", "?"), "92400");
+  EXPECT_EQ(ini.Read("Liste", "00", "?"), "Wald");
+  // The store's selector and other settings stay as they were.
+  EXPECT_EQ(ini.Read("Settings", "DefaultPropertyPath", "?"), "reg");
+  EXPECT_EQ(ini.Read("Settings", "StdFile", "?"), "x.gbc");
+}
+
+TEST_F(InstallDefinitionTest, WithoutAFileTheEditorsStoreReceivesTheDemoDefinition) {
+  const std::map<std::string, std::string> home = {{"XDG_CONFIG_HOME", dir_.File("config")},
+                                                   {"HOME", dir_.File("home")}};
+  const std::string demo = dir_.File("demo");
+  ASSERT_EQ(RunCli({"make-demo", demo}).status, 0);
+  const test::CliResult r = RunCli({"install-definition", demo + "/demo.ini"}, home);
+  ASSERT_EQ(r.status, 0) << r.err;
+  EXPECT_EQ(r.out.find("Installed "), 0u) << r.out;
+  EXPECT_NE(r.out.find("into the per-user settings store"), std::string::npos) << r.out;
+
+  const test::CliResult info = RunCli({"info", demo + "/demo.gbc"}, home);
+  ASSERT_EQ(info.status, 0) << info.err;
+  EXPECT_NE(info.out.find("04 - Höhle"), std::string::npos) << info.out;
+  EXPECT_NE(info.out.find("02 - Nacht / Höhle"), std::string::npos) << info.out;
+}
+
+TEST_F(InstallDefinitionTest, ReportsWhatItCannotReadOrWrite) {
+  test::CliResult r = RunCli({"--ini", Source(), "install-definition", dir_.File("missing.ini")});
+  EXPECT_EQ(r.status, 1);
+  EXPECT_NE(r.err.find("cannot read the INI file"), std::string::npos) << r.err;
+
+  EXPECT_EQ(RunCli({"install-definition"}).status, 2);
+  EXPECT_EQ(RunCli({"install-definition", Source(), Source()}).status, 2);
+
+  // A settings file far bigger than any real one is never rewritten.
+  const std::string target = dir_.File("huge.ini");
+  test::WriteFileText(target, "[Settings]\n");
+  std::filesystem::resize_file(target, 17 << 20);
+  r = RunCli({"--ini", target, "install-definition", Source()});
+  EXPECT_EQ(r.status, 1);
+  EXPECT_NE(r.err.find("could not write [Settings] MapNameTable to " + target), std::string::npos) << r.err;
+}
+
+}  // namespace
+}  // namespace kartova

@@ -1,0 +1,227 @@
+#include <gtest/gtest.h>
+
+#include <QByteArray>
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
+#include <array>
+
+#include "cli/CliProcess.h"
+#include "demo/RomBuilder.h"
+#include "support/TempDir.h"
+
+namespace kartova {
+namespace {
+
+using Bytes = std::vector<std::uint8_t>;
+
+// Tile t has colour value t everywhere, tiles 1..3 use palettes 2, 5, 7, and block b is tile b
+// only: blocks 0..3 show colour-table entries 0, 9 (red), 22 (green) and 31 (blue).
+RomBuilder PlainWorld() {
+  TilesetDecl t;
+  for (int tile = 0; tile < 4; ++tile) {
+    for (int row = 0; row < 8; ++row) {
+      t.graphics.push_back(tile & 1 ? 0xFF : 0x00);
+      t.graphics.push_back(tile & 2 ? 0xFF : 0x00);
+    }
+  }
+  SetTilePalette(t.palette_map, 1, 2);
+  SetTilePalette(t.palette_map, 2, 5);
+  SetTilePalette(t.palette_map, 3, 7);
+  for (int block = 0; block < 4; ++block) t.blocks.insert(t.blocks.end(), 16, static_cast<std::uint8_t>(block));
+  std::array<PaletteNumbers, 8> table{};
+  for (auto& row : table) row = {0, 1, 2, 3, 4, 5, 6, 7};
+  table[1][2] = 12;
+  RomBuilder b;
+  b.Tileset(0, t)
+      .Palette(0, {0x0421, 0, 0, 0})
+      .Palette(2, {0, 0x001F, 0, 0})
+      .Palette(5, {0, 0, 0x03E0, 0})
+      .Palette(7, {0, 0, 0, 0x7C00})
+      .Palette(12, {0, 0x7FFF, 0, 0})
+      .LightingTable(0, table);
+  b.Map(2, {.border = 3, .width = 3, .height = 4, .blocks = {0, 1, 2, 2, 1, 0, 3, 3, 3, 0, 0, 0}});
+  b.Map(2, {.border = 1,
+            .width = 4,
+            .height = 4,
+            .connections = {{.direction = Direction::kNorth, .target = {2, 1}}}});
+  return b;
+}
+
+// An indexed PNG taken apart: size, palette and the index rows, each chunk's CRC checked.
+struct Png {
+  std::uint32_t width = 0, height = 0;
+  std::vector<std::array<std::uint8_t, 3>> palette;
+  QByteArray rows;  // height rows of a filter byte and width indices
+  bool crc_ok = true;
+
+  std::uint32_t Rgb(std::uint32_t x, std::uint32_t y) const {
+    const auto index = static_cast<std::uint8_t>(rows[static_cast<qsizetype>(y * (width + 1) + 1 + x)]);
+    const auto& c = palette.at(index);
+    return std::uint32_t{c[0]} << 16 | c[1] << 8 | c[2];
+  }
+};
+
+std::uint32_t Crc(const std::uint8_t* p, std::size_t n) {
+  std::uint32_t crc = 0xFFFFFFFF;
+  for (std::size_t i = 0; i < n; ++i) {
+    crc ^= p[i];
+    for (int k = 0; k < 8; ++k) crc = (crc >> 1) ^ (0xEDB88320u & (0u - (crc & 1)));
+  }
+  return ~crc;
+}
+
+std::uint32_t BigEndian(const std::uint8_t* p) { return std::uint32_t{p[0]} << 24 | p[1] << 16 | p[2] << 8 | p[3]; }
+
+Png ReadPng(const Bytes& file) {
+  Png png;
+  QByteArray idat;
+  EXPECT_EQ(Bytes(file.begin(), file.begin() + 8), (Bytes{0x89, 'P', 'N', 'G', '\r', '\n', 0x1A, '\n'}));
+  for (std::size_t at = 8; at + 12 <= file.size();) {
+    const std::uint32_t length = BigEndian(&file[at]);
+    const std::string type(file.begin() + static_cast<std::ptrdiff_t>(at + 4), file.begin() + static_cast<std::ptrdiff_t>(at + 8));
+    const std::uint8_t* body = &file[at + 8];
+    png.crc_ok &= Crc(&file[at + 4], length + 4) == BigEndian(body + length);
+    if (type == "IHDR") {
+      png.width = BigEndian(body);
+      png.height = BigEndian(body + 4);
+      EXPECT_EQ(body[8], 8);  // bits
+      EXPECT_EQ(body[9], 3);  // indexed
+    } else if (type == "PLTE") {
+      for (std::uint32_t i = 0; i + 2 < length; i += 3) png.palette.push_back({body[i], body[i + 1], body[i + 2]});
+    } else if (type == "IDAT") {
+      idat.append(reinterpret_cast<const char*>(body), length);
+    }
+    at += 12 + length;
+  }
+  // qUncompress wants the expected size in front of the zlib stream.
+  const std::uint32_t size = png.height * (png.width + 1);
+  QByteArray framed;
+  for (int shift = 24; shift >= 0; shift -= 8) framed.append(static_cast<char>(size >> shift));
+  png.rows = qUncompress(framed + idat);
+  EXPECT_EQ(static_cast<std::uint32_t>(png.rows.size()), size);
+  return png;
+}
+
+class RenderCommandTest : public ::testing::Test {
+ protected:
+  std::string Write(const Bytes& bytes) {
+    test::WriteFileBytes(rom, bytes);
+    test::WriteFileText(ini, "");
+    return rom;
+  }
+  test::CliResult Run(std::vector<std::string> args) {
+    args.insert(args.begin(), {"--ini", ini});
+    return test::RunCli(args);
+  }
+  static QJsonObject Json(const test::CliResult& r) {
+    return QJsonDocument::fromJson(QByteArray::fromStdString(r.out)).object();
+  }
+
+  test::TempDir dir;
+  std::string rom = dir.File("world.gbc"), ini = dir.File("k.ini"), png = dir.File("map.png");
+};
+
+TEST_F(RenderCommandTest, MapPrintsTheGridTheConnectionsAndTheColours) {
+  Write(PlainWorld().Build());
+  test::CliResult r = Run({"map", rom, "2", "2"});
+  ASSERT_EQ(r.status, 0) << r.err;
+  QJsonObject json = Json(r);
+  const QJsonArray grid = json["grid"].toArray();
+  ASSERT_EQ(grid.size(), 10);
+  EXPECT_EQ(grid[0].toString(), "01010102010001010101");  // the neighbour's last three rows
+  EXPECT_EQ(grid[1].toString(), "01010103030301010101");
+  EXPECT_EQ(grid[2].toString(), "01010100000001010101");
+  for (int y = 3; y < 10; ++y) EXPECT_EQ(grid[y].toString(), "01010101010101010101") << y;
+  const QJsonArray connections = json["connections"].toArray();
+  ASSERT_EQ(connections.size(), 1);
+  const QJsonObject north = connections[0].toObject();
+  EXPECT_EQ(north["direction"].toInt(), 0);
+  EXPECT_EQ(north["rect"].toArray(), (QJsonArray{3, 0, 5, 2}));
+  EXPECT_EQ(north["bank"].toInt(), 2);
+  EXPECT_EQ(north["map"].toInt(), 1);
+  QJsonArray colours = json["colours"].toArray();
+  ASSERT_EQ(colours.size(), 32);
+  EXPECT_EQ(colours[0].toString(), "080808");
+  EXPECT_EQ(colours[9].toString(), "FF0000");
+  EXPECT_EQ(colours[22].toString(), "00FF00");
+  EXPECT_EQ(colours[31].toString(), "0000FF");
+
+  r = Run({"map", "--time", "1", rom, "2", "1"});
+  ASSERT_EQ(r.status, 0) << r.err;
+  EXPECT_EQ(Json(r)["colours"].toArray()[9].toString(), "FFFFFF");
+  EXPECT_EQ(Json(r)["connections"].toArray().size(), 0);
+  EXPECT_EQ(Json(r)["grid"].toArray()[3].toString(), "030303000102030303");
+
+  for (const auto& bad : std::vector<std::vector<std::string>>{
+           {"map", rom, "2", "1", "--time", "9"}, {"map", rom, "2", "1", "--time"},
+           {"map", rom, "2", "1", "--zoom", "2"}, {"render", rom, "2", "1", png, "--zoom", "3"},
+           {"render", rom, "2", "1"}, {"render", rom, "2", "1", png, "--time=x"}}) {
+    r = Run(bad);
+    EXPECT_EQ(r.status, 2) << bad.back();
+    EXPECT_NE(r.err.find("Usage"), std::string::npos);
+  }
+}
+
+TEST_F(RenderCommandTest, RenderWritesTheBorderedGridInTheTableColours) {
+  Write(PlainWorld().Build());
+  test::CliResult r = Run({"render", rom, "2", "1", png});
+  ASSERT_EQ(r.status, 0) << r.err;
+  EXPECT_EQ(r.out, "");
+  Png picture = ReadPng(test::ReadFileBytes(png));
+  EXPECT_TRUE(picture.crc_ok);
+  ASSERT_EQ(picture.width, 9u * 32);
+  ASSERT_EQ(picture.height, 10u * 32);
+  EXPECT_EQ(picture.Rgb(0, 0), 0x0000FFu);            // border block 3
+  EXPECT_EQ(picture.Rgb(3 * 32 + 5, 3 * 32), 0x080808u);  // block 0
+  EXPECT_EQ(picture.Rgb(4 * 32 + 31, 3 * 32 + 31), 0xFF0000u);
+  EXPECT_EQ(picture.Rgb(5 * 32, 3 * 32 + 7), 0x00FF00u);
+  EXPECT_EQ(picture.Rgb(9 * 32 - 1, 10 * 32 - 1), 0x0000FFu);
+
+  r = Run({"render", "--zoom=2", rom, "2", "1", png, "--time", "1"});
+  ASSERT_EQ(r.status, 0) << r.err;
+  picture = ReadPng(test::ReadFileBytes(png));
+  EXPECT_TRUE(picture.crc_ok);
+  ASSERT_EQ(picture.width, 9u * 64);
+  ASSERT_EQ(picture.height, 10u * 64);
+  EXPECT_EQ(picture.Rgb(4 * 64 + 63, 3 * 64), 0xFFFFFFu);  // block 1 at lighting 1
+  EXPECT_EQ(picture.Rgb(3 * 64 + 1, 4 * 64 + 63), 0x00FF00u);
+
+  EXPECT_EQ(Run({"render", rom, "2", "1", dir.path().string()}).status, 1);  // not writable
+  EXPECT_EQ(Run({"render", rom, "2", "3", png}).err, "Fehler: Ziel-Map (2.3) existiert nicht.\n");
+}
+
+TEST_F(RenderCommandTest, AStripOutsideTheGridStillShowsTheMapAndFails) {
+  RomBuilder b = PlainWorld();
+  const std::array<std::uint8_t, 12> south = {2, 1, 0x00, 0x40, 0x00, 0xC9, 3, 3, 0, 0, 0, 0};
+  b.Map(2, {.width = 2, .height = 2, .blocks = {2, 2, 2, 2},
+            .connections = {{.direction = Direction::kSouth, .target = {2, 1}, .raw = south}}});
+  Write(b.Build());
+  const std::string message = "Laufzeitfehler '9': Index außerhalb des gültigen Bereichs\n";
+  test::CliResult r = Run({"map", rom, "2", "3"});
+  EXPECT_EQ(r.status, 1);
+  EXPECT_EQ(r.err, message);
+  EXPECT_EQ(Json(r)["grid"].toArray()[3].toString(), "0000000202000000");
+  r = Run({"render", rom, "2", "3", png});
+  EXPECT_EQ(r.status, 1);
+  EXPECT_EQ(r.err, message);
+  const Png picture = ReadPng(test::ReadFileBytes(png));
+  EXPECT_EQ(picture.Rgb(3 * 32, 3 * 32), 0x00FF00u);
+}
+
+TEST_F(RenderCommandTest, AMapOf255By255BlocksIsPrintedWhole) {
+  const BuiltRom world = PlainWorld().BuildWithLayout();
+  Bytes bytes = world.bytes;
+  const auto secondary = static_cast<std::size_t>(world.layout.Map(2, 1).secondary_header);
+  bytes[secondary + 1] = bytes[secondary + 2] = 0xFF;
+  Write(bytes);
+  const test::CliResult r = Run({"map", rom, "2", "1"});
+  ASSERT_EQ(r.status, 0) << r.err;
+  const QJsonArray grid = Json(r)["grid"].toArray();
+  ASSERT_EQ(grid.size(), 261);
+  EXPECT_EQ(grid[260].toString().size(), 522);
+  EXPECT_EQ(grid[3].toString().left(12), "030303000102");
+}
+
+}  // namespace
+}  // namespace kartova

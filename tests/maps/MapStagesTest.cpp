@@ -1,0 +1,268 @@
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <filesystem>
+
+#include "demo/DemoRom.h"
+#include "demo/RomBuilder.h"
+#include "maps/RomDocument.h"
+#include "rom/RuntimeError.h"
+#include "support/MemorySettings.h"
+#include "support/TempDir.h"
+
+namespace kartova {
+namespace {
+
+using Bytes = std::vector<std::uint8_t>;
+
+// Four tiles of one colour value each (tile t: value t) with palettes 0, 2, 5 and 7, and block b
+// made of tile b only: every block is a single colour index, block 1 = 9, 2 = 22, 3 = 31.
+TilesetDecl PlainTileset() {
+  TilesetDecl t;
+  for (int tile = 0; tile < 4; ++tile) {
+    for (int row = 0; row < 8; ++row) {
+      t.graphics.push_back(tile & 1 ? 0xFF : 0x00);
+      t.graphics.push_back(tile & 2 ? 0xFF : 0x00);
+    }
+  }
+  SetTilePalette(t.palette_map, 1, 2);
+  SetTilePalette(t.palette_map, 2, 5);
+  SetTilePalette(t.palette_map, 3, 7);
+  for (int block = 0; block < 4; ++block) t.blocks.insert(t.blocks.end(), 16, static_cast<std::uint8_t>(block));
+  return t;
+}
+
+constexpr std::uint16_t kRed = 0x001F, kGreen = 0x03E0, kBlue = 0x7C00, kWhite = 0x7FFF;
+const ColourEntry kRedEntry{0, 0, 255, 0}, kGreenEntry{0, 255, 0, 0}, kBlueEntry{255, 0, 0, 0},
+    kWhiteEntry{255, 255, 255, 0};
+
+RomBuilder PlainWorld() {
+  std::array<PaletteNumbers, 8> table{};
+  for (auto& row : table) row = {0, 1, 2, 3, 4, 5, 6, 7};
+  table[1][2] = 12;  // lighting 1 gives the red tiles palette 12
+  RomBuilder b;
+  b.Tileset(0, PlainTileset())
+      .Palette(2, {0, kRed, 0, 0})
+      .Palette(5, {0, 0, kGreen, 0})
+      .Palette(7, {0, 0, 0, kBlue})
+      .Palette(12, {0, kWhite, 0, 0})
+      .LightingTable(0, table)
+      .MapBankColours(2, {kRed, kRed}, {kBlue, kBlue});
+  b.Map(2, {.border = 3, .width = 3, .height = 4, .blocks = {0, 1, 2, 2, 1, 0, 3, 3, 3, 0, 0, 0}});
+  b.Map(2, {.border = 1,
+            .width = 4,
+            .height = 4,
+            .connections = {{.direction = Direction::kNorth, .target = {2, 1}}}});
+  return b;
+}
+
+class MapStagesTest : public ::testing::Test {
+ protected:
+  void Open(const Bytes& bytes) {
+    test::WriteFileBytes(path, bytes);
+    doc.OpenRom(path, settings);
+  }
+  // The colour index a block shows (its top-left pixel in the normal and the wide strip).
+  int BlockColour(int block) const { return doc.Blocks().StripRow(0)[block * 32]; }
+  int WideBlockColour(int block) const { return doc.Blocks().WideStripRow(31)[block * 64 + 63]; }
+
+  test::TempDir dir;
+  std::string path = dir.File("world.gbc");
+  test::MemorySettings settings;
+  RomDocument doc;
+};
+
+TEST_F(MapStagesTest, AFullLoadDecodesTheTilesetComposesBlocksAndBuildsTheGrid) {
+  Open(PlainWorld().Build());
+  std::vector<MapLoadStep> heard;
+  doc.LoadSelectedMap(1, 1, [&](MapLoadStep s) { heard.push_back(s); });
+  EXPECT_EQ(heard.back(), MapLoadStep::kMapBuilt);
+
+  EXPECT_EQ(BlockColour(1), 9);
+  EXPECT_EQ(BlockColour(2), 22);
+  EXPECT_EQ(WideBlockColour(3), 31);
+  EXPECT_EQ(doc.Colours().Entry(9), kRedEntry);
+  EXPECT_EQ(doc.Colours().Entry(22), kGreenEntry);
+  EXPECT_EQ(doc.Colours().Entry(31), kBlueEntry);
+  // Palette 6 takes colours 1 and 2 of the map's bank (day colours under Auto, lighting 0).
+  EXPECT_EQ(doc.Colours().Entry(25), kRedEntry);
+
+  // 4 x 4 map with border 1 and map 2.1's last three rows as the north strip.
+  const ExtendedMap& grid = doc.Grid();
+  ASSERT_EQ(grid.Width(), 10);
+  ASSERT_EQ(grid.Height(), 10);
+  EXPECT_EQ(grid.At(0, 0), 1);
+  EXPECT_EQ(grid.At(3, 0), 2);
+  EXPECT_EQ(grid.At(4, 0), 1);
+  EXPECT_EQ(grid.At(5, 0), 0);
+  EXPECT_EQ(grid.At(6, 0), 1);
+  EXPECT_EQ(grid.At(4, 1), 3);
+  EXPECT_EQ(grid.At(5, 2), 0);
+  EXPECT_EQ(grid.At(9, 9), 1);
+  EXPECT_EQ(grid.Connection(kDirectionNorth).bank, 2);
+  EXPECT_EQ(grid.Connection(kDirectionNorth).map, 1);
+  EXPECT_FALSE(grid.Connection(kDirectionSouth).present);
+  EXPECT_EQ(grid.ConnectionItems(), std::vector<std::string>{"1 (Oben)"});
+}
+
+TEST_F(MapStagesTest, TheScopeDecidesWhatIsReadAgain) {
+  const BuiltRom world = PlainWorld().BuildWithLayout();
+  Open(world.bytes);
+  doc.LoadSelectedMap(1, 0);
+  EXPECT_EQ(doc.Grid().At(4, 3), 1);
+
+  // On disk: other colours for palette 2 and another first map block.
+  Bytes changed = world.bytes;
+  changed[0xB75E + 2 * 8 + 2] = 0xE0;
+  changed[0xB75E + 2 * 8 + 3] = 0x03;
+  changed[static_cast<std::size_t>(world.layout.Map(2, 1).blocks)] = 2;
+  test::WriteFileBytes(path, changed);
+  doc.Secondary().bytes[0] = 0;  // an edited border
+
+  doc.SetReloadScope(kReloadEventsOnly);
+  std::vector<MapLoadStep> heard;
+  doc.LoadSelectedMap(1, 0, [&](MapLoadStep s) { heard.push_back(s); });
+  EXPECT_EQ(heard.back(), MapLoadStep::kMapRedraw);
+  EXPECT_EQ(doc.Colours().Entry(9), kRedEntry);
+  EXPECT_EQ(doc.Grid().At(3, 3), 0);
+  EXPECT_EQ(doc.Grid().At(0, 0), 3);
+
+  // Map only: tileset and grid again, with the header as edited.
+  doc.SetReloadScope(kReloadMapOnly);
+  doc.LoadSelectedMap(1, 0);
+  EXPECT_EQ(doc.Colours().Entry(9), kGreenEntry);
+  EXPECT_EQ(doc.Grid().At(3, 3), 2);
+  EXPECT_EQ(doc.Grid().At(0, 0), 0);
+
+  // Restoring the headers loads neither tileset nor grid.
+  doc.SetReloadScope(kReloadFull);
+  doc.SetApplyMode(kApplyRestoreHeaders);
+  changed[static_cast<std::size_t>(world.layout.Map(2, 1).blocks)] = 3;
+  test::WriteFileBytes(path, changed);
+  doc.LoadSelectedMap(1, 0);
+  EXPECT_EQ(doc.Grid().At(3, 3), 2);
+  EXPECT_EQ(doc.Secondary().bytes[0], 3);
+}
+
+TEST_F(MapStagesTest, ALightingChangeRereadsOnlyTheColours) {
+  Open(PlainWorld().Build());
+  doc.LoadSelectedMap(1, 0);
+  EXPECT_EQ(doc.TimeOfDay(), 8);
+  const std::vector<std::uint8_t> strip(doc.Blocks().StripRow(0), doc.Blocks().StripRow(0) + BlockSet::kStripWidth);
+  const Bytes grid(doc.Grid().Row(0), doc.Grid().Row(0) + doc.Grid().Width() * doc.Grid().Height());
+  const ColourTable before = doc.Colours();
+
+  EXPECT_TRUE(doc.SetTimeOfDay(1, 1));
+  EXPECT_EQ(doc.TimeOfDay(), 1);
+  EXPECT_EQ(doc.Colours().Entry(9), kWhiteEntry);
+  EXPECT_EQ(doc.Colours().Entry(22), kGreenEntry);
+  EXPECT_EQ(std::vector<std::uint8_t>(doc.Blocks().StripRow(0), doc.Blocks().StripRow(0) + BlockSet::kStripWidth), strip);
+  EXPECT_EQ(Bytes(doc.Grid().Row(0), doc.Grid().Row(0) + grid.size()), grid);
+
+  // Night takes the bank's night colours for palette 6; the bank given is the one used.
+  EXPECT_TRUE(doc.SetTimeOfDay(2, 1));
+  EXPECT_EQ(doc.Colours().Entry(26), kBlueEntry);
+  EXPECT_TRUE(doc.SetTimeOfDay(6, 0));
+  EXPECT_NE(doc.Colours().Entry(26), kBlueEntry);
+
+  // The value already set does nothing, not even open the file (which would create it).
+  std::filesystem::remove(path);
+  EXPECT_FALSE(doc.SetTimeOfDay(6, 1));
+  EXPECT_FALSE(std::filesystem::exists(path));
+  test::WriteFileBytes(path, PlainWorld().Build());
+  EXPECT_TRUE(doc.SetTimeOfDay(8, 1));
+  EXPECT_EQ(doc.Colours(), before);
+
+  // The next map load reads with the chosen lighting.
+  doc.SetTimeOfDay(1, 1);
+  doc.LoadSelectedMap(1, 1);
+  EXPECT_EQ(doc.Colours().Entry(9), kWhiteEntry);
+}
+
+TEST_F(MapStagesTest, AStripOutsideTheGridKeepsWhatWasFilledAndReportsTheGridBuilt) {
+  RomBuilder b = PlainWorld();
+  // A south strip that would start 40 rows down.
+  const std::array<std::uint8_t, 12> south = {2, 1, 0x00, 0x40, 0x00, 0xC9, 3, 3, 0, 0, 0, 0};
+  b.Map(2, {.border = 2,
+            .width = 4,
+            .height = 2,
+            .blocks = {1, 1, 1, 1, 3, 3, 3, 3},
+            .connections = {{.direction = Direction::kNorth, .target = {2, 1}},
+                            {.direction = Direction::kSouth, .target = {2, 1}, .raw = south}}});
+  Open(b.Build());
+  std::vector<MapLoadStep> heard;
+  try {
+    doc.LoadSelectedMap(1, 2, [&](MapLoadStep s) { heard.push_back(s); });
+    ADD_FAILURE() << "no runtime error";
+  } catch (const RuntimeError& e) {
+    EXPECT_EQ(e.number(), RuntimeError::kSubscriptOutOfRange);
+  }
+  ASSERT_FALSE(heard.empty());
+  EXPECT_EQ(heard.back(), MapLoadStep::kMapBuilt);
+  const ExtendedMap& grid = doc.Grid();
+  EXPECT_EQ(grid.Height(), 8);
+  EXPECT_EQ(grid.At(3, 3), 1);
+  EXPECT_EQ(grid.At(6, 4), 3);
+  EXPECT_EQ(grid.At(3, 1), 3);  // the north strip came first
+  EXPECT_TRUE(grid.Connection(kDirectionNorth).present);
+  EXPECT_FALSE(grid.Connection(kDirectionSouth).present);
+  EXPECT_EQ(grid.At(5, 7), 2);
+}
+
+TEST_F(MapStagesTest, BrokenTilesetsKeepThePreviousPicturesAndNeverCrash) {
+  RomBuilder b = PlainWorld();
+  TilesetDecl empty = PlainTileset();
+  empty.compressed_graphics = Bytes{0xFF};  // nothing to decode
+  b.Tileset(1, empty);
+  b.Map(3, {.tileset = 1, .width = 2, .height = 2});
+  b.Map(3, {.tileset = 0x28, .width = 2, .height = 2});  // far past the table
+  const BuiltRom world = b.BuildWithLayout();
+  Open(world.bytes);
+  doc.LoadSelectedMap(1, 0);
+  const std::vector<std::uint8_t> strip(doc.Blocks().StripRow(5), doc.Blocks().StripRow(5) + BlockSet::kStripWidth);
+  doc.LoadSelectedMap(2, 0);
+  EXPECT_EQ(doc.Graphics().length, 0);
+  EXPECT_EQ(std::vector<std::uint8_t>(doc.Blocks().StripRow(5), doc.Blocks().StripRow(5) + BlockSet::kStripWidth), strip);
+  EXPECT_NO_THROW(doc.LoadSelectedMap(2, 1));
+
+  // Graphics, blocks and palette map pointing past the end of the file.
+  Bytes wild = world.bytes;
+  const std::int64_t record = world.layout.tilesets.at(0).record;
+  for (int i : {0, 2, 3, 5, 13, 14}) wild[static_cast<std::size_t>(record + i)] = 0xFF;
+  wild[0xD5C] = 0xFF;
+  Open(wild);
+  EXPECT_NO_THROW(doc.LoadSelectedMap(1, 0));
+  EXPECT_NO_THROW(doc.SetTimeOfDay(0, 1));
+}
+
+TEST_F(MapStagesTest, TheLargestMapGetsItsWholeGrid) {
+  const BuiltRom world = PlainWorld().BuildWithLayout();
+  Bytes bytes = world.bytes;
+  const auto secondary = static_cast<std::size_t>(world.layout.Map(2, 1).secondary_header);
+  bytes[secondary + 1] = bytes[secondary + 2] = 0xFF;  // 255 x 255 blocks from the same data
+  Open(bytes);
+  doc.LoadSelectedMap(1, 0);
+  EXPECT_EQ(doc.Grid().Width(), 261);
+  EXPECT_EQ(doc.Grid().Height(), 261);
+  EXPECT_EQ(doc.Grid().At(3, 3), 0);
+  EXPECT_EQ(doc.Grid().At(260, 260), 3);
+  EXPECT_EQ(doc.LinkRowLength(), (255 + 7) * 2);
+}
+
+TEST_F(MapStagesTest, EveryDemoMapLoadsItsTilesetAndGrid) {
+  const RomBuilder demo = DemoRomBuilder();
+  Open(demo.Build());
+  for (int bank = 1; bank <= 3; ++bank) {
+    for (int map = 1; map <= demo.MapCount(bank); ++map) {
+      SCOPED_TRACE(testing::Message() << bank << "." << map);
+      EXPECT_NO_THROW(doc.LoadSelectedMap(bank - 1, map - 1));
+      EXPECT_EQ(doc.Grid().Width(), doc.MapWidth() + 6);
+      // A demo tileset's blocks have more than one colour.
+      const std::uint8_t* row = doc.Blocks().StripRow(16);
+      EXPECT_TRUE(std::any_of(row, row + BlockSet::kStripWidth, [&](std::uint8_t v) { return v != row[0]; }));
+    }
+  }
+}
+
+}  // namespace
+}  // namespace kartova

@@ -1,0 +1,214 @@
+#include <QAbstractItemView>
+#include <QDir>
+#include <QFontMetrics>
+#include <QTabBar>
+#include <filesystem>
+
+#include "EditorFixture.h"
+#include "demo/DemoRom.h"
+#include "rom/HexText.h"
+#include "ui/HeaderPage.h"
+#include "ui/MapSelector.h"
+
+namespace kartova::test {
+namespace {
+
+const QString kSubscriptMessage = QString::fromUtf8("Laufzeitfehler '9': Index außerhalb des gültigen Bereichs");
+
+std::string SectionOf(std::string_view title) {
+  std::string section;
+  for (std::size_t i = 0; i < 16; ++i) section += Hex2(i < title.size() ? static_cast<unsigned char>(title[i]) : 0);
+  return section;
+}
+
+QStringList Items(const QComboBox* combo) {
+  QStringList items;
+  for (int i = 0; i < combo->count(); ++i) items << combo->itemText(i);
+  return items;
+}
+
+using OpenRomTest = EditorTest;
+
+TEST_F(OpenRomTest, CancellingTheDialogChangesNothing) {
+  MainWindow& window = StartEditor();
+  prompter_.ExpectOpenFile(std::nullopt);
+  Click("mnuLoad");
+  ASSERT_EQ(prompter_.asked.size(), 1u);
+  EXPECT_EQ(prompter_.asked[0].text, QString::fromUtf8("Rom Öffnen"));
+  EXPECT_EQ(prompter_.asked[0].start_dir.toStdString(), program_dir_);
+  EXPECT_EQ(prompter_.asked[0].filters.join("|").toStdString(),
+            "Alle Gameboy-Roms (*.gb*)|Backup-Dateien (*.bak *.old)|Alle Dateien (*.*)");
+  EXPECT_TRUE(window.rom_path().isEmpty());
+  EXPECT_EQ(window.windowTitle(), "Kartova v1.38");
+  EXPECT_FALSE(Enabled("mnuSaveAs") || Enabled("mnuReload"));
+  EXPECT_EQ(Combo("Combo3")->count(), 0);
+}
+
+TEST_F(OpenRomTest, OpeningSelectsBankOneAndLoadsItsFirstMap) {
+  const std::string rom = WriteDemoRom();
+  MainWindow& window = OpenEditorWith(rom);
+  EXPECT_EQ(window.windowTitle(), "Kartova v1.38 - demo.gbc");
+  EXPECT_EQ(Combo("Combo2")->count(), 26);
+  EXPECT_EQ(Combo("Combo2")->currentText(), "Mapbank 1");
+  EXPECT_EQ(Items(Combo("Combo3")).join("|"),
+            QString::fromUtf8("Mühlental - 1.1|Weg 11 - 1.2|Weg 12 - 1.3|Weißensee - 1.4|"
+                              "Mühlental - 1.5|Mühlental - 1.6"));
+  EXPECT_EQ(Combo("Combo3")->currentIndex(), 0);
+  EXPECT_EQ(Document().SelectedBank(), 0);
+  EXPECT_EQ(Document().SelectedMap(), 0);
+  EXPECT_EQ(steps_, (std::vector<MapLoadStep>{MapLoadStep::kHeaderPage, MapLoadStep::kTileset,
+                                              MapLoadStep::kEvents, MapLoadStep::kEventControls,
+                                              MapLoadStep::kMapBuilt}));
+  // Names from the definition and the ROM, not bare codes.
+  EXPECT_EQ(HeaderCombo(0)->currentText(), QString::fromUtf8("00 - Außenwelt"));
+  EXPECT_EQ(HeaderCombo(2)->currentText(), QString::fromUtf8("00 - Mühlental"));
+  EXPECT_EQ(HeaderCombo(2)->count(), 95);
+  // The drop-down lists are as wide as their longest entry.
+  EXPECT_GE(HeaderCombo(0)->view()->minimumWidth(),
+            QFontMetrics(window.font()).horizontalAdvance(QString::fromUtf8("01 - Außenwelt (Kopie)")));
+  EXPECT_FALSE(window.suppress_map_load());
+  EXPECT_EQ(window.rom_loading(), 0);
+  for (const char* item : {"mnuSave", "mnuSaveAs", "mnuReload", "mnuMapExp", "mnuMapImp", "mnuStdSet"})
+    EXPECT_TRUE(Enabled(item)) << item;
+  EXPECT_FALSE(Enabled("mnuStdLoad"));  // no standard file
+}
+
+TEST_F(OpenRomTest, AReadOnlyRomCanOnlyBeSavedUnderAnotherName) {
+  const std::string rom = WriteDemoRom();
+  std::filesystem::permissions(rom, std::filesystem::perms::owner_read | std::filesystem::perms::group_read);
+  OpenEditorWith(rom);
+  EXPECT_FALSE(Enabled("mnuSave"));
+  EXPECT_TRUE(Enabled("mnuSaveAs"));
+  EXPECT_EQ(Combo("Combo3")->currentIndex(), 0);
+}
+
+TEST_F(OpenRomTest, AnUnreadableDefinitionKeepsThePreviousRom) {
+  AddDefinitions("[" + SectionOf("BROKEN") + "]\nHeaderLengthA=31\n");
+  const std::string demo = WriteDemoRom();
+  const std::string broken = WriteRom("broken.gbc", RomBuilder().Title("BROKEN").Build());
+  MainWindow& window = OpenEditorWith(demo);
+  ClickMap(2);
+  prompter_.ExpectOpenFile(QString::fromStdString(broken));
+  prompter_.ExpectMessage(kSubscriptMessage);
+  Click("mnuLoad");
+  EXPECT_EQ(window.rom_path().toStdString(), demo);
+  EXPECT_EQ(Document().RomPath(), demo);
+  EXPECT_EQ(window.windowTitle(), "Kartova v1.38 - demo.gbc");
+  EXPECT_EQ(Combo("Combo3")->count(), 6);
+  EXPECT_EQ(Combo("Combo3")->currentIndex(), 2);
+}
+
+TEST_F(OpenRomTest, TheStandardFileOpensAtStartupAndTheCommandLineRomAfterIt) {
+  const std::string standard = WriteDemoRom("standard.gbc");
+  PresetIni("StdFile", standard);
+  StartEditor();
+  EXPECT_EQ(window_->windowTitle(), "Kartova v1.38 - standard.gbc (Standard)");
+  EXPECT_FALSE(Enabled("mnuStdSet") || Enabled("mnuStdLoad"));
+  EXPECT_TRUE(Enabled("mnuStdClear"));
+  window_.reset();
+
+  WriteDemoRom("demo.gbc");
+  const QString cwd = QDir::currentPath();
+  QDir::setCurrent(QString::fromStdString(dir_.path().string()));
+  StartEditor(QStringLiteral("demo.gbc"));
+  QDir::setCurrent(cwd);
+  EXPECT_EQ(window_->rom_path().toStdString(), dir_.File("demo.gbc"));
+  EXPECT_EQ(window_->windowTitle(), "Kartova v1.38 - demo.gbc");
+  EXPECT_TRUE(Enabled("mnuStdSet") && Enabled("mnuStdLoad"));
+  EXPECT_EQ(Combo("Combo3")->currentIndex(), 0);
+}
+
+using ReloadTest = EditorTest;
+
+TEST_F(ReloadTest, MapScopeRereadsTheDefinitionAndKeepsBankAndMap) {
+  const std::string rom = WriteDemoRom();
+  MainWindow& window = OpenEditorWith(rom);
+  ClickBank(1);
+  ClickMap(1);
+  store_->WriteIni("DemoTilesets", "00", "Wiese");
+  steps_.clear();
+  Click("mnuReloadMap");
+  EXPECT_EQ(Combo("Combo2")->currentIndex(), 1);
+  EXPECT_EQ(Combo("Combo3")->currentIndex(), 1);
+  EXPECT_EQ(Combo("Combo3")->currentText(), "Weg 13 - 2.2");
+  EXPECT_EQ(HeaderCombo(0)->itemText(0), "00 - Wiese");
+  // The headers page is refreshed, the events are not read again.
+  EXPECT_EQ(steps_, (std::vector<MapLoadStep>{MapLoadStep::kHeaderPage, MapLoadStep::kTileset,
+                                              MapLoadStep::kEventControls, MapLoadStep::kMapBuilt}));
+  EXPECT_EQ(window.reload_scope(), 0);
+}
+
+TEST_F(ReloadTest, ADefinitionBrokenMeanwhileKeepsTheRomCurrent) {
+  const std::string rom = WriteDemoRom();
+  MainWindow& window = OpenEditorWith(rom);
+  OpenThroughDialog(WriteDemoRom("zweite.gbc"));
+  store_->WriteIni(DemoDefinitionSection(), "HeaderLengthA", "31");
+  prompter_.ExpectMessage(kSubscriptMessage);
+  Click("mnuReloadFull");
+  EXPECT_EQ(window.rom_path().toStdString(), dir_.File("zweite.gbc"));
+  EXPECT_EQ(Document().RomPath(), dir_.File("zweite.gbc"));
+  EXPECT_EQ(window.reload_scope(), 0);
+}
+
+TEST_F(ReloadTest, AVanishedFileIsReported) {
+  const std::string rom = WriteDemoRom();
+  MainWindow& window = OpenEditorWith(rom);
+  std::filesystem::remove(rom);
+  prompter_.ExpectMessage("Keine Datei geladen.");
+  Click("mnuReloadEvents");
+  EXPECT_EQ(window.reload_scope(), 0);
+  EXPECT_EQ(Combo("Combo3")->currentIndex(), 0);
+}
+
+TEST_F(ReloadTest, AMapThatNoLongerExistsIsReportedWithBankAndMapFromOne) {
+  const std::string rom = WriteDemoRom();
+  OpenEditorWith(rom);
+  ClickMap(5);
+  WriteRom("demo.gbc", RomBuilder().Title(kDemoTitle).Map(1, {}).Map(1, {}).Build());
+  steps_.clear();
+  prompter_.ExpectMessage("Fehler: Ziel-Map (1.6) existiert nicht.");
+  Click("mnuReloadFull");
+  EXPECT_EQ(Combo("Combo3")->count(), 2);
+  EXPECT_EQ(Combo("Combo3")->currentIndex(), -1);
+  EXPECT_TRUE(steps_.empty());
+  EXPECT_EQ(Document().SelectedMap(), 5);
+}
+
+using MapListTest = EditorTest;
+
+TEST_F(MapListTest, ABankIsListedOnItsClickAndAMapLoadsOnlyOnItsOwn) {
+  OpenEditorWith(WriteDemoRom());
+  ClickBank(2);
+  EXPECT_EQ(Items(Combo("Combo3")).join("|"), "Felsengrotte - 3.1|Felsengrotte - 3.2");
+  EXPECT_EQ(Combo("Combo3")->currentIndex(), -1);
+  EXPECT_EQ(Document().SelectedBank(), 0);
+
+  // A selection the program makes itself loads nothing.
+  window_->set_rom_loading(1);
+  ClickMap(1);
+  EXPECT_EQ(Document().SelectedBank(), 0);
+  window_->set_rom_loading(0);
+
+  ClickMap(1);
+  EXPECT_EQ(Document().SelectedBank(), 2);
+  EXPECT_EQ(Document().SelectedMap(), 1);
+  EXPECT_EQ(Box(9)->text(), "0A");
+  for (const char* name : {"HScroll1", "VScroll1", "VScroll2", "VScroll3", "HScroll3"})
+    if (QWidget* bar = window_->findChild<QWidget*>(name)) {
+      EXPECT_TRUE(bar->isEnabled()) << name;
+    }
+}
+
+TEST_F(MapListTest, ALocationAbove94EndsTheListWithTheRuntimeError) {
+  const std::string rom = WriteDemoRom();
+  OpenEditorWith(rom);
+  std::vector<std::uint8_t> bytes = DemoRom().bytes;
+  bytes.at(static_cast<std::size_t>(DemoRom().layout.Map(1, 3).primary_header + 5)) = 0x5F;
+  WriteRom("demo.gbc", bytes);
+  prompter_.ExpectMessage(kSubscriptMessage);
+  ClickBank(0);
+  EXPECT_EQ(Items(Combo("Combo3")).join("|"), QString::fromUtf8("Mühlental - 1.1|Weg 11 - 1.2"));
+}
+
+}  // namespace
+}  // namespace kartova::test
