@@ -70,7 +70,8 @@ BENCHMARK(BM_FullMapLoad)->Unit(benchmark::kMicrosecond);
 void BM_ViewBufferRebuild1920x1080Zoom2(benchmark::State& state) {
   const RomDocument& doc = LoadedDocument();
   ViewBuffer buffer;
-  const ViewBuffer::View view{.scroll_x = 40, .scroll_y = 40, .picture_width = 1920, .picture_height = 1080, .zoom = 2};
+  const ViewBuffer::View view{
+      .scroll_x = 40, .scroll_y = 40, .picture_width = 1920, .picture_height = 1080, .zoom = 2};
   for (auto _ : state) {
     buffer.Invalidate();
     buffer.Render(doc.Grid(), doc.Blocks(), view);

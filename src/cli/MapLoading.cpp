@@ -57,7 +57,7 @@ std::optional<int> LoadMap(const CommandContext& ctx, const std::vector<std::str
     ctx.err << "Fehler: Ziel-Map (" << loaded.bank << "." << loaded.map << ") existiert nicht.\n";
     return 1;
   }
-  // Before any map is loaded the lighting change reads nothing the load would not read again.
+  // The lighting is chosen first, as in the editor's menu; the load reads its palettes.
   doc.SetTimeOfDay(time_of_day, loaded.bank - 1);
   bool grid_built = false;
   try {

@@ -11,7 +11,8 @@
 namespace kartova {
 
 QString BlockText(const char* label, int block) {
-  return QString::fromLatin1(label) + QStringLiteral("%1").arg(block & 0xFF, 2, 16, QLatin1Char('0')).toUpper();
+  const QString digits = QStringLiteral("%1").arg(block & 0xFF, 2, 16, QLatin1Char('0'));
+  return QString::fromLatin1(label) + digits.toUpper();
 }
 
 BlockChooserView::BlockChooserView(QWidget* parent) : QWidget(parent) {
@@ -26,8 +27,10 @@ BlockChooserView::BlockChooserView(QWidget* parent) : QWidget(parent) {
   scroll_->setEnabled(false);
   // The hover frame lies under the selection frame, so a selected block under the mouse still
   // shows as selected.
-  hover_marker_ = new FrameMarker(QStringLiteral("HoverMarker"), QColor(255, 255, 255), 1, picture_);
-  selection_marker_ = new FrameMarker(QStringLiteral("SelectionMarker"), QColor(230, 30, 30), 2, picture_);
+  hover_marker_ =
+      new FrameMarker(QStringLiteral("HoverMarker"), QColor(255, 255, 255), 1, picture_);
+  selection_marker_ =
+      new FrameMarker(QStringLiteral("SelectionMarker"), QColor(230, 30, 30), 2, picture_);
   SetZoom(1);
 
   auto* layout = new QHBoxLayout(this);

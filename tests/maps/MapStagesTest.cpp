@@ -1,13 +1,12 @@
 #include <gtest/gtest.h>
 
-#include <algorithm>
 #include <filesystem>
 
-#include "demo/DemoRom.h"
 #include "demo/RomBuilder.h"
 #include "maps/RomDocument.h"
 #include "rom/RuntimeError.h"
 #include "support/MemorySettings.h"
+#include "support/PlainWorld.h"
 #include "support/TempDir.h"
 
 namespace kartova {
@@ -15,46 +14,9 @@ namespace {
 
 using Bytes = std::vector<std::uint8_t>;
 
-// Four tiles of one colour value each (tile t: value t) with palettes 0, 2, 5 and 7, and block b
-// made of tile b only: every block is a single colour index, block 1 = 9, 2 = 22, 3 = 31.
-TilesetDecl PlainTileset() {
-  TilesetDecl t;
-  for (int tile = 0; tile < 4; ++tile) {
-    for (int row = 0; row < 8; ++row) {
-      t.graphics.push_back(tile & 1 ? 0xFF : 0x00);
-      t.graphics.push_back(tile & 2 ? 0xFF : 0x00);
-    }
-  }
-  SetTilePalette(t.palette_map, 1, 2);
-  SetTilePalette(t.palette_map, 2, 5);
-  SetTilePalette(t.palette_map, 3, 7);
-  for (int block = 0; block < 4; ++block) t.blocks.insert(t.blocks.end(), 16, static_cast<std::uint8_t>(block));
-  return t;
-}
-
-constexpr std::uint16_t kRed = 0x001F, kGreen = 0x03E0, kBlue = 0x7C00, kWhite = 0x7FFF;
 const ColourEntry kRedEntry{0, 0, 255, 0}, kGreenEntry{0, 255, 0, 0}, kBlueEntry{255, 0, 0, 0},
     kWhiteEntry{255, 255, 255, 0};
-
-RomBuilder PlainWorld() {
-  std::array<PaletteNumbers, 8> table{};
-  for (auto& row : table) row = {0, 1, 2, 3, 4, 5, 6, 7};
-  table[1][2] = 12;  // lighting 1 gives the red tiles palette 12
-  RomBuilder b;
-  b.Tileset(0, PlainTileset())
-      .Palette(2, {0, kRed, 0, 0})
-      .Palette(5, {0, 0, kGreen, 0})
-      .Palette(7, {0, 0, 0, kBlue})
-      .Palette(12, {0, kWhite, 0, 0})
-      .LightingTable(0, table)
-      .MapBankColours(2, {kRed, kRed}, {kBlue, kBlue});
-  b.Map(2, {.border = 3, .width = 3, .height = 4, .blocks = {0, 1, 2, 2, 1, 0, 3, 3, 3, 0, 0, 0}});
-  b.Map(2, {.border = 1,
-            .width = 4,
-            .height = 4,
-            .connections = {{.direction = Direction::kNorth, .target = {2, 1}}}});
-  return b;
-}
+using test::PlainWorld;
 
 class MapStagesTest : public ::testing::Test {
  protected:
@@ -65,6 +27,12 @@ class MapStagesTest : public ::testing::Test {
   // The colour index a block shows (its top-left pixel in the normal and the wide strip).
   int BlockColour(int block) const { return doc.Blocks().StripRow(0)[block * 32]; }
   int WideBlockColour(int block) const { return doc.Blocks().WideStripRow(31)[block * 64 + 63]; }
+  Bytes StripLine(int y) const {
+    return Bytes(doc.Blocks().StripRow(y), doc.Blocks().StripRow(y) + BlockSet::kStripWidth);
+  }
+  Bytes GridCells() const {
+    return Bytes(doc.Grid().Row(0), doc.Grid().Row(0) + doc.Grid().Width() * doc.Grid().Height());
+  }
 
   test::TempDir dir;
   std::string path = dir.File("world.gbc");
@@ -133,31 +101,22 @@ TEST_F(MapStagesTest, TheScopeDecidesWhatIsReadAgain) {
   EXPECT_EQ(doc.Colours().Entry(9), kGreenEntry);
   EXPECT_EQ(doc.Grid().At(3, 3), 2);
   EXPECT_EQ(doc.Grid().At(0, 0), 0);
-
-  // Restoring the headers loads neither tileset nor grid.
-  doc.SetReloadScope(kReloadFull);
-  doc.SetApplyMode(kApplyRestoreHeaders);
-  changed[static_cast<std::size_t>(world.layout.Map(2, 1).blocks)] = 3;
-  test::WriteFileBytes(path, changed);
-  doc.LoadSelectedMap(1, 0);
-  EXPECT_EQ(doc.Grid().At(3, 3), 2);
-  EXPECT_EQ(doc.Secondary().bytes[0], 3);
 }
 
 TEST_F(MapStagesTest, ALightingChangeRereadsOnlyTheColours) {
   Open(PlainWorld().Build());
   doc.LoadSelectedMap(1, 0);
   EXPECT_EQ(doc.TimeOfDay(), 8);
-  const std::vector<std::uint8_t> strip(doc.Blocks().StripRow(0), doc.Blocks().StripRow(0) + BlockSet::kStripWidth);
-  const Bytes grid(doc.Grid().Row(0), doc.Grid().Row(0) + doc.Grid().Width() * doc.Grid().Height());
+  const Bytes strip = StripLine(0);
+  const Bytes grid = GridCells();
   const ColourTable before = doc.Colours();
 
   EXPECT_TRUE(doc.SetTimeOfDay(1, 1));
   EXPECT_EQ(doc.TimeOfDay(), 1);
   EXPECT_EQ(doc.Colours().Entry(9), kWhiteEntry);
   EXPECT_EQ(doc.Colours().Entry(22), kGreenEntry);
-  EXPECT_EQ(std::vector<std::uint8_t>(doc.Blocks().StripRow(0), doc.Blocks().StripRow(0) + BlockSet::kStripWidth), strip);
-  EXPECT_EQ(Bytes(doc.Grid().Row(0), doc.Grid().Row(0) + grid.size()), grid);
+  EXPECT_EQ(StripLine(0), strip);
+  EXPECT_EQ(GridCells(), grid);
 
   // Night takes the bank's night colours for palette 6; the bank given is the one used.
   EXPECT_TRUE(doc.SetTimeOfDay(2, 1));
@@ -211,18 +170,20 @@ TEST_F(MapStagesTest, AStripOutsideTheGridKeepsWhatWasFilledAndReportsTheGridBui
 
 TEST_F(MapStagesTest, BrokenTilesetsKeepThePreviousPicturesAndNeverCrash) {
   RomBuilder b = PlainWorld();
-  TilesetDecl empty = PlainTileset();
+  TilesetDecl empty;
   empty.compressed_graphics = Bytes{0xFF};  // nothing to decode
+  for (int block = 0; block < 4; ++block)
+    empty.blocks.insert(empty.blocks.end(), 16, static_cast<std::uint8_t>(block));
   b.Tileset(1, empty);
   b.Map(3, {.tileset = 1, .width = 2, .height = 2});
   b.Map(3, {.tileset = 0x28, .width = 2, .height = 2});  // far past the table
   const BuiltRom world = b.BuildWithLayout();
   Open(world.bytes);
   doc.LoadSelectedMap(1, 0);
-  const std::vector<std::uint8_t> strip(doc.Blocks().StripRow(5), doc.Blocks().StripRow(5) + BlockSet::kStripWidth);
+  const Bytes strip = StripLine(5);
   doc.LoadSelectedMap(2, 0);
   EXPECT_EQ(doc.Graphics().length, 0);
-  EXPECT_EQ(std::vector<std::uint8_t>(doc.Blocks().StripRow(5), doc.Blocks().StripRow(5) + BlockSet::kStripWidth), strip);
+  EXPECT_EQ(StripLine(5), strip);
   EXPECT_NO_THROW(doc.LoadSelectedMap(2, 1));
 
   // Graphics, blocks and palette map pointing past the end of the file.
@@ -247,21 +208,6 @@ TEST_F(MapStagesTest, TheLargestMapGetsItsWholeGrid) {
   EXPECT_EQ(doc.Grid().At(3, 3), 0);
   EXPECT_EQ(doc.Grid().At(260, 260), 3);
   EXPECT_EQ(doc.LinkRowLength(), (255 + 7) * 2);
-}
-
-TEST_F(MapStagesTest, EveryDemoMapLoadsItsTilesetAndGrid) {
-  const RomBuilder demo = DemoRomBuilder();
-  Open(demo.Build());
-  for (int bank = 1; bank <= 3; ++bank) {
-    for (int map = 1; map <= demo.MapCount(bank); ++map) {
-      SCOPED_TRACE(testing::Message() << bank << "." << map);
-      EXPECT_NO_THROW(doc.LoadSelectedMap(bank - 1, map - 1));
-      EXPECT_EQ(doc.Grid().Width(), doc.MapWidth() + 6);
-      // A demo tileset's blocks have more than one colour.
-      const std::uint8_t* row = doc.Blocks().StripRow(16);
-      EXPECT_TRUE(std::any_of(row, row + BlockSet::kStripWidth, [&](std::uint8_t v) { return v != row[0]; }));
-    }
-  }
 }
 
 }  // namespace
