@@ -1,6 +1,8 @@
 #include "ui/ConnectionFrame.h"
 
 #include <QButtonGroup>
+#include <QCheckBox>
+#include <QComboBox>
 #include <QGridLayout>
 #include <QHBoxLayout>
 #include <QLabel>
@@ -8,17 +10,32 @@
 #include <QPushButton>
 #include <QRadioButton>
 
+#include "maps/HeaderFields.h"
+#include "rom/HexText.h"
 #include "ui/HeaderPage.h"
+#include "ui/LinkDataFrame.h"
+#include "ui/MainWindow.h"
+#include "ui/MapSelector.h"
 
 namespace kartova {
 
 namespace {
+
+constexpr int kDirections = 4;
+constexpr int kConnectionFlagsBox = 8;
 
 constexpr const char* kSelectorCaptions[] = {"(Oben)", "(Unten)", "(Links)", "(Rechts)"};
 
 // Digits of each box, Header(11) first: bank, source, destination, length, neighbour width,
 // the two position change bytes, window, map number.
 constexpr int kBoxDigits[] = {2, 4, 4, 2, 2, 2, 2, 4, 2};
+
+// Boxes the position buttons read.
+constexpr int kNeighbourBankBox = 11;
+constexpr int kSourceBox = 12;
+constexpr int kDestinationBox = 13;
+constexpr int kWindowBox = 18;
+constexpr int kNeighbourMapBox = 19;
 
 }  // namespace
 
@@ -33,11 +50,16 @@ ConnectionFrame::ConnectionFrame(QWidget* parent)
 
 void ConnectionFrame::BuildSelectors() {
   selector_group_ = new QButtonGroup(this);
-  for (int i = 0; i < 4; ++i) {
-    selectors_[static_cast<size_t>(i)] = new QRadioButton(QString::fromLatin1(kSelectorCaptions[i]), this);
-    selectors_[static_cast<size_t>(i)]->setObjectName(QStringLiteral("ConSel(%1)").arg(i));
-    selector_group_->addButton(selectors_[static_cast<size_t>(i)], i);
+  for (int i = 0; i < kDirections; ++i) {
+    auto* selector = new QRadioButton(QString::fromLatin1(kSelectorCaptions[i]), this);
+    selector->setObjectName(QStringLiteral("ConSel(%1)").arg(i));
+    selector_group_->addButton(selector, i);
+    selectors_[static_cast<size_t>(i)] = selector;
   }
+  connection_list_ = new QComboBox(this);
+  connection_list_->setObjectName(QStringLiteral("Combo10"));
+  connection_list_->setToolTip(QStringLiteral("Vorhandene Anbindungen der geladenen Map"));
+  connection_list_->setSizeAdjustPolicy(QComboBox::AdjustToContents);
 }
 
 void ConnectionFrame::BuildBoxes() {
@@ -62,6 +84,7 @@ void ConnectionFrame::BuildLayout() {
   auto* selectors = new QHBoxLayout;
   for (QRadioButton* selector : selectors_) selectors->addWidget(selector);
   selectors->addStretch(1);
+  selectors->addWidget(connection_list_);
   grid->addLayout(selectors, 0, 0, 1, 5);
 
   const auto label = [this](const char* caption) {
@@ -92,7 +115,8 @@ void ConnectionFrame::BuildLayout() {
 }
 
 QRadioButton* ConnectionFrame::selector(int direction) const {
-  return direction >= 0 && direction < 4 ? selectors_[static_cast<size_t>(direction)] : nullptr;
+  return direction >= 0 && direction < kDirections ? selectors_[static_cast<size_t>(direction)]
+                                                   : nullptr;
 }
 
 QLineEdit* ConnectionFrame::box(int box) const {
@@ -101,6 +125,188 @@ QLineEdit* ConnectionFrame::box(int box) const {
 
 QPushButton* ConnectionFrame::command(int number) const {
   return number >= 2 && number <= 4 ? commands_[static_cast<size_t>(number - 2)] : nullptr;
+}
+
+// ---- Wiring ---------------------------------------------------------------------------------
+
+void ConnectionFrame::Attach(MainWindow& window, HeaderPage& page, LinkDataFrame& link_data) {
+  window_ = &window;
+  page_ = &page;
+  link_data_ = &link_data;
+  ConnectControls();
+}
+
+void ConnectionFrame::ConnectControls() {
+  MainWindow& window = *window_;
+  connect(selector_group_, &QButtonGroup::idClicked, this,
+          [this](int index) { window_->Guarded([&] { ShowConnection(index); }); });
+  for (int i = 0; i < kDirections; ++i)
+    connect(page_->connection_check(i), &QCheckBox::clicked, this,
+            [this, i] { window_->Guarded([&] { ClickConnectionCheck(i); }); });
+  // Both signals come from inside the header page's change handler, which catches for them.
+  connect(page_, &HeaderPage::ConnectionEditorEnabled, this, &ConnectionFrame::ConnectionFlagsShown);
+  connect(page_, &HeaderPage::ConnectionBoxEdited, this, &ConnectionFrame::StoreBoxEdit);
+  connect(&window, &MainWindow::MapLoadStepDone, this, [this](MapLoadStep step) {
+    if (step == MapLoadStep::kHeaderPage) RefreshAfterMapLoad();
+    if (step == MapLoadStep::kMapBuilt) FillConnectionList();
+  });
+  connect(command(2), &QPushButton::clicked, this,
+          [this] { window_->Guarded([this] { ClickShowDestination(); }); });
+  connect(command(3), &QPushButton::clicked, this,
+          [this] { window_->Guarded([this] { ClickShowNeighbour(NeighbourMark::kWindow); }); });
+  connect(command(4), &QPushButton::clicked, this,
+          [this] { window_->Guarded([this] { ClickShowNeighbour(NeighbourMark::kSource); }); });
+}
+
+// ---- Selection ------------------------------------------------------------------------------
+
+ConnectionSelectors ConnectionFrame::Selectors(bool choosable_only) const {
+  // While Frame8 is off no button can be chosen, whatever the map load left enabled.
+  const bool frame_on = !testAttribute(Qt::WA_ForceDisabled);
+  ConnectionSelectors selectors;
+  for (int i = 0; i < kDirections; ++i) {
+    const QRadioButton* button = selectors_[static_cast<size_t>(i)];
+    selectors.enabled[static_cast<size_t>(i)] =
+        !button->testAttribute(Qt::WA_ForceDisabled) && (frame_on || !choosable_only);
+    selectors.value[static_cast<size_t>(i)] = button->isChecked();
+  }
+  return selectors;
+}
+
+int ConnectionFrame::SelectedConnection() const { return kartova::SelectedConnection(Selectors(false)); }
+
+void ConnectionFrame::SetSelection(int index) {
+  selectors_[static_cast<size_t>(index)]->setChecked(true);
+}
+
+void ConnectionFrame::ClearSelection() {
+  // An exclusive group keeps one button set; it lets go only while it is not exclusive.
+  selector_group_->setExclusive(false);
+  for (QRadioButton* button : selectors_) button->setChecked(false);
+  selector_group_->setExclusive(true);
+}
+
+int ConnectionFrame::EnsureConnectionSelected() {
+  ConnectionSelectors selectors = Selectors(true);
+  const int selected = kartova::EnsureConnectionSelected(selectors);
+  if (selected == -1) return -1;
+  // Setting a button is a click on it: its direction is shown.
+  SetSelection(selected);
+  ShowConnection(selected);
+  return selected;
+}
+
+void ConnectionFrame::WriteBoxes(const ConnectionBoxTexts& texts) {
+  const std::uint8_t saved = window_->updating_controls();
+  const ScopeExit restore([this, saved] { window_->set_updating_controls(saved); });
+  window_->set_updating_controls(kUpdatingConnectionFields);
+  for (int b = kFirstBox; b <= kLastBox; ++b)
+    box(b)->setText(QString::fromStdString(texts[static_cast<size_t>(b - kFirstBox)]));
+}
+
+std::string ConnectionFrame::BoxText(int number) const { return box(number)->text().toStdString(); }
+
+void ConnectionFrame::ShowConnection(int index) {
+  const ConnectionView view =
+      ShowConnectionData(window_->document().Secondary().bytes, Selectors(false).enabled, index);
+  WriteBoxes(view.texts);
+  length_label_->setText(QString::fromStdString(view.length_caption));
+}
+
+void ConnectionFrame::SetConnectionEditorEnabled(bool enabled) {
+  setEnabled(enabled);
+  if (!enabled) {
+    ClearSelection();
+    WriteBoxes(ConnectionBoxTexts{});
+    length_label_->setText(QString::fromStdString(ConnectionLengthCaption(-1)));
+  }
+  // Switched off, the frame has no button left to choose, so the boxes stay empty.
+  EnsureConnectionSelected();
+}
+
+// ---- Handlers -------------------------------------------------------------------------------
+
+void ConnectionFrame::ClickConnectionCheck(int index) {
+  if (window_->updating_controls() != kUpdatingIdle) return;
+  const ScopeExit idle([this] { window_->set_updating_controls(kUpdatingIdle); });
+  window_->set_updating_controls(kUpdatingConnectionChecks);
+  DirectionFlags checked{};
+  for (int i = 0; i < kDirections; ++i)
+    checked[static_cast<size_t>(i)] = page_->connection_check(i)->isChecked();
+  const std::uint8_t flags = ConnectionFlagsFromChecks(checked);
+  SetConnectionEditorEnabled(flags != 0);
+  // Header(8) takes the new flags as text only: its change event ignores a write made while
+  // the checks are being written, so the flag byte keeps its value until Header(8) is typed in.
+  page_->header(kConnectionFlagsBox)->setText(QString::fromStdString(Hex2(flags)));
+  EnsureConnectionSelected();
+  const int selected = SelectedConnection();
+  if (index < selected) ShowConnection(selected);
+}
+
+void ConnectionFrame::ConnectionFlagsShown(bool enabled) {
+  SetConnectionEditorEnabled(enabled);
+  // The header page refreshed Header(8): the direction shown last is shown again, for the
+  // record of the map now loaded.
+  const int selected = SelectedConnection();
+  if (window_->updating_controls() == kUpdatingShowingHeaders && enabled && selected != -1)
+    ShowConnection(selected);
+}
+
+void ConnectionFrame::RefreshAfterMapLoad() {
+  for (int i = 0; i < kDirections; ++i) page_->connection_check(i)->setEnabled(true);
+  if (testAttribute(Qt::WA_ForceDisabled)) return;
+  // The ConSel buttons have just been matched to the map: a selection left on a direction the
+  // map lacks moves on, and the slots are counted anew.
+  if (EnsureConnectionSelected() != -1) return;
+  const int selected = SelectedConnection();
+  if (selected != -1) ShowConnection(selected);
+}
+
+void ConnectionFrame::FillConnectionList() {
+  connection_list_->clear();
+  for (const std::string& item : window_->document().Grid().ConnectionItems())
+    connection_list_->addItem(QString::fromStdString(item));
+  // The first direction is shown, so that the list reads at a glance.
+  if (connection_list_->count() > 0) connection_list_->setCurrentIndex(0);
+}
+
+void ConnectionFrame::StoreBoxEdit(int box_number, std::int32_t value) {
+  StoreConnectionEdit(window_->document().Secondary().bytes, Selectors(false), box_number, value);
+}
+
+void ConnectionFrame::ClickShowDestination() {
+  const std::int32_t destination = ParseHex(BoxText(kDestinationBox));
+  const RomDocument& document = window_->document();
+  link_data_->MarkPosition(
+      WorkingCopyPosition(destination, document.MapWidth(), document.MapHeight()));
+}
+
+// The neighbour is chosen in the bank and map lists as a user would choose it, so that it is
+// loaded and listed like any other map; the position is then found in the neighbour.
+void ConnectionFrame::ClickShowNeighbour(NeighbourMark mark) {
+  const std::int32_t bank = ParseHex(BoxText(kNeighbourBankBox));
+  const std::int32_t map = ParseHex(BoxText(kNeighbourMapBox));
+  const std::int32_t value = ParseHex(BoxText(mark == NeighbourMark::kWindow ? kWindowBox : kSourceBox));
+  std::array<int, kMapBankCount> counts{};
+  const MapCounts& known = window_->document().MapCountPerBank();
+  std::copy(known.begin(), known.end(), counts.begin());
+  const std::optional<NeighbourTarget> target = NeighbourTargetOf(bank, map, counts);
+  if (!target) return;
+
+  MapSelector& selector = *window_->map_selector();
+  selector.SelectBank(target->bank_index);
+  window_->FillMapList();
+  if (target->map_index >= selector.map_count()) return;
+  selector.SelectMap(target->map_index);
+  window_->ClickMapList();
+
+  const RomDocument& document = window_->document();
+  const int width = document.MapWidth();
+  const int height = document.MapHeight();
+  link_data_->MarkPosition(
+      mark == NeighbourMark::kWindow
+          ? WorkingCopyPosition(value, width, height)
+          : BlockDataPosition(value, document.BlockDataPointer(), width, height));
 }
 
 }  // namespace kartova

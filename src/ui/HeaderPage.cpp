@@ -63,6 +63,8 @@ HeaderPage::HeaderPage(MainWindow& window, QWidget* parent) : QFrame(parent), wi
   grid->setColumnStretch(1, 1);
   grid->setRowStretch(1, 1);
   ConnectEditors();
+  connection_frame_->Attach(window, *this, *link_data_frame_);
+  link_data_frame_->Attach(window);
 }
 
 QComboBox* HeaderPage::MakeCombo(int index) {

@@ -56,10 +56,11 @@ TEST_F(HeaderPageTest, TheBoxesShowTheHeadersOfTheLoadedMap) {
   EXPECT_FALSE(Page().extra_byte_selector()->isVisibleTo(&Page()));
   EXPECT_FALSE(Page().extra_selector_label()->isVisibleTo(&Page()));
   EXPECT_EQ(Box(2)->width(), window_->placement().ToPixelsX(840));
-  // Laid out now, wired by the connection editor.
-  EXPECT_FALSE(Page().connection_frame()->isEnabled());
+  // The map has connections: the editor is on, showing the east record; the link data view
+  // waits until the header tab is selected.
+  EXPECT_TRUE(Page().connection_frame()->isEnabled());
   EXPECT_FALSE(Page().link_data_frame()->isEnabled());
-  EXPECT_EQ(Page().connection_frame()->length_label()->text(), QString::fromUtf8("ST-Größe:"));
+  EXPECT_EQ(Page().connection_frame()->length_label()->text(), QString::fromUtf8("ST-Höhe:"));
   EXPECT_FALSE(window_->changes_pending());
 }
 
