@@ -3,34 +3,11 @@
 #include <cstdio>
 #include <stdexcept>
 
+#include "rom/Utf8.h"
+
 namespace kartova::cli {
 
 namespace {
-
-// Length of the well-formed UTF-8 sequence at s[i], or 0.
-std::size_t Utf8Length(std::string_view s, std::size_t i) {
-  auto at = [&](std::size_t k) { return static_cast<unsigned char>(s[k]); };
-  const unsigned char b = at(i);
-  std::size_t n = 0;
-  unsigned char lo = 0x80, hi = 0xBF;
-  if (b >= 0xC2 && b <= 0xDF) {
-    n = 2;
-  } else if (b >= 0xE0 && b <= 0xEF) {
-    n = 3;
-    if (b == 0xE0) lo = 0xA0;
-    if (b == 0xED) hi = 0x9F;  // no surrogates
-  } else if (b >= 0xF0 && b <= 0xF4) {
-    n = 4;
-    if (b == 0xF0) lo = 0x90;
-    if (b == 0xF4) hi = 0x8F;
-  } else {
-    return 0;
-  }
-  if (i + n > s.size() || at(i + 1) < lo || at(i + 1) > hi) return 0;
-  for (std::size_t k = 2; k < n; ++k)
-    if ((at(i + k) & 0xC0) != 0x80) return 0;
-  return n;
-}
 
 void AppendEscaped(std::string& out, unsigned char c) {
   switch (c) {
@@ -63,7 +40,7 @@ std::string JsonQuoted(std::string_view s) {
     if (c < 0x80) {
       AppendEscaped(out, c);
       ++i;
-    } else if (std::size_t n = Utf8Length(s, i)) {
+    } else if (std::size_t n = Utf8SequenceLength(s, i)) {
       out.append(s.substr(i, n));
       i += n;
     } else {

@@ -77,23 +77,15 @@ Json MapJson(const LoadedMap& loaded) {
 }
 
 int RunMap(const CommandContext& ctx) {
-  const SplitArguments split = SplitOptions(ctx.args, {"time"});
-  const auto& p = split.positional;
-  const std::optional<int> bank = p.size() == 3 ? SmallNumber(p[1]) : std::nullopt;
-  const std::optional<int> map = p.size() == 3 ? SmallNumber(p[2]) : std::nullopt;
-  const std::optional<int> time =
-      split.options.count("time") ? SmallNumber(split.options.at("time")) : std::optional<int>(8);
-  if (!split.error.empty() || !bank || !map || *bank < 1 || *bank > kMapBankCount || *map < 1 ||
-      !time || *time > 8) {
+  const MapCommandLine line = ParseMapCommandLine(ctx.args, 3, {"time"});
+  if (!line.valid) {
     ctx.err << "kartova-cli: map needs a ROM file, a map bank 1-26 and a map number from 1; "
                "--time takes 0-8\n"
             << kUsage;
     return 2;
   }
   LoadedMap loaded;
-  loaded.bank = *bank;
-  loaded.map = *map;
-  if (const std::optional<int> failed = LoadMap(ctx, p, *time, loaded)) return *failed;
+  if (const std::optional<int> failed = LoadMap(ctx, line, loaded)) return *failed;
   ctx.out << MapJson(loaded);
   return ReportGridError(ctx, loaded);
 }

@@ -5,6 +5,8 @@
 #include <ostream>
 #include <system_error>
 
+#include "rom/Address.h"
+
 namespace kartova::cli {
 
 SplitArguments SplitOptions(const std::vector<std::string>& args,
@@ -40,9 +42,36 @@ std::optional<int> SmallNumber(const std::string& text) {
   return std::stoi(text);
 }
 
-std::optional<int> LoadMap(const CommandContext& ctx, const std::vector<std::string>& positional,
-                           int time_of_day, LoadedMap& loaded) {
-  const std::string& rom = positional[0];
+std::optional<int> MapCommandLine::Option(const std::string& name, int fallback) const {
+  if (!split.options.count(name)) return fallback;
+  return SmallNumber(split.options.at(name));
+}
+
+MapCommandLine ParseMapCommandLine(const std::vector<std::string>& args,
+                                   std::size_t positional_count,
+                                   const std::vector<std::string>& known_options) {
+  MapCommandLine line;
+  line.split = SplitOptions(args, known_options);
+  const auto& p = line.split.positional;
+  const bool counted = p.size() == positional_count;
+  const std::optional<int> bank = counted ? SmallNumber(p[1]) : std::nullopt;
+  const std::optional<int> map = counted ? SmallNumber(p[2]) : std::nullopt;
+  const std::optional<int> time = line.Option("time", 8);
+  line.valid = line.split.error.empty() && bank && map && *bank >= 1 && *bank <= kMapBankCount &&
+               *map >= 1 && time && *time <= 8;
+  if (line.valid) {
+    line.bank = *bank;
+    line.map = *map;
+    line.time = *time;
+  }
+  return line;
+}
+
+std::optional<int> LoadMap(const CommandContext& ctx, const MapCommandLine& line,
+                           LoadedMap& loaded) {
+  loaded.bank = line.bank;
+  loaded.map = line.map;
+  const std::string& rom = line.split.positional[0];
   std::error_code ec;
   if (std::filesystem::is_directory(std::filesystem::path(std::u8string(rom.begin(), rom.end())), ec)) {
     ctx.err << "kartova-cli: " << rom << " is a directory, not a ROM file\n";
@@ -58,7 +87,7 @@ std::optional<int> LoadMap(const CommandContext& ctx, const std::vector<std::str
     return 1;
   }
   // The lighting is chosen first, as in the editor's menu; the load reads its palettes.
-  doc.SetTimeOfDay(time_of_day, loaded.bank - 1);
+  doc.SetTimeOfDay(line.time, loaded.bank - 1);
   bool grid_built = false;
   try {
     doc.LoadSelectedMap(loaded.bank - 1, loaded.map - 1,

@@ -35,11 +35,27 @@ struct LoadedMap {
   std::optional<RuntimeError> grid_error;
 };
 
-// Loads ROM BANK MAP (positional[0..2]) with time_of_day (0..8). Prints the message and
-// returns the exit status on failure: 1 for a directory or a map the bank does not list
-// ("Fehler: Ziel-Map (B.M) existiert nicht."). Other runtime errors propagate.
-std::optional<int> LoadMap(const CommandContext& ctx, const std::vector<std::string>& positional,
-                           int time_of_day, LoadedMap& loaded);
+// The command line of a command on one map: ROM BANK MAP, then the command's own positional
+// arguments (positional_count in all), and --time N among known_options.
+struct MapCommandLine {
+  SplitArguments split;
+  int bank = 0;        // 1..26
+  int map = 0;         // from 1
+  int time = 8;        // 0..7 a lighting of the Palette / Lighting menu, 8 (the default) Auto
+  bool valid = false;  // all of the above given as said, and no unknown option
+
+  // The number given with --name, fallback when it is not given, nullopt when it is no number.
+  std::optional<int> Option(const std::string& name, int fallback) const;
+};
+MapCommandLine ParseMapCommandLine(const std::vector<std::string>& args,
+                                   std::size_t positional_count,
+                                   const std::vector<std::string>& known_options);
+
+// Loads the map a valid command line names. Prints the message and returns the exit status on
+// failure: 1 for a directory or a map the bank does not list ("Fehler: Ziel-Map (B.M) existiert
+// nicht."). Other runtime errors propagate.
+std::optional<int> LoadMap(const CommandContext& ctx, const MapCommandLine& line,
+                           LoadedMap& loaded);
 
 // Reports a grid error kept by LoadMap on the error stream: 1 if there was one, else 0.
 int ReportGridError(const CommandContext& ctx, const LoadedMap& loaded);

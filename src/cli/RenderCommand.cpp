@@ -40,29 +40,20 @@ IndexedImage RenderGrid(const RomDocument& doc, int zoom) {
 }
 
 int RunRender(const CommandContext& ctx) {
-  const SplitArguments split = SplitOptions(ctx.args, {"time", "zoom"});
-  const auto& p = split.positional;
-  const std::optional<int> bank = p.size() == 4 ? SmallNumber(p[1]) : std::nullopt;
-  const std::optional<int> map = p.size() == 4 ? SmallNumber(p[2]) : std::nullopt;
-  auto option = [&](const char* name, int fallback) {
-    return split.options.count(name) ? SmallNumber(split.options.at(name)) : std::optional<int>(fallback);
-  };
-  const std::optional<int> time = option("time", 8);
-  const std::optional<int> zoom = option("zoom", 1);
-  if (!split.error.empty() || !bank || !map || *bank < 1 || *bank > kMapBankCount || *map < 1 ||
-      !time || *time > 8 || !zoom || *zoom < 1 || *zoom > 2) {
+  const MapCommandLine line = ParseMapCommandLine(ctx.args, 4, {"time", "zoom"});
+  const std::optional<int> zoom = line.Option("zoom", 1);
+  if (!line.valid || !zoom || *zoom < 1 || *zoom > 2) {
     ctx.err << "kartova-cli: render needs a ROM file, a map bank 1-26, a map number from 1 and "
                "an output file; --time takes 0-8, --zoom 1 or 2\n"
             << kUsage;
     return 2;
   }
   LoadedMap loaded;
-  loaded.bank = *bank;
-  loaded.map = *map;
-  if (const std::optional<int> failed = LoadMap(ctx, p, *time, loaded)) return *failed;
+  if (const std::optional<int> failed = LoadMap(ctx, line, loaded)) return *failed;
   const IndexedImage picture = RenderGrid(loaded.document, *zoom);
-  if (!WritePng(p[3], picture, Palette(loaded.document.Colours()))) {
-    ctx.err << "kartova-cli: could not write " << p[3] << "\n";
+  const std::string& out_path = line.split.positional[3];
+  if (!WritePng(out_path, picture, Palette(loaded.document.Colours()))) {
+    ctx.err << "kartova-cli: could not write " << out_path << "\n";
     return 1;
   }
   return ReportGridError(ctx, loaded);

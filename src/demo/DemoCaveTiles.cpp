@@ -52,25 +52,11 @@ PixelCanvas WallFace() {
   return c;
 }
 
+// The outdoor boulder with a longer highlight on its crown.
 PixelCanvas Boulder() {
-  return PixelCanvas::FromRows({
-      "1111111111111111",
-      "1111133333311111",
-      "1111300000233111",
-      "1113000222222311",
-      "1130002222222231",
-      "1130022222222231",
-      "1302222222222223",
-      "1302222222222223",
-      "1302222222222223",
-      "1322222222222323",
-      "1322222222223323",
-      "1132222222233231",
-      "1113322223332311",
-      "1111133333331111",
-      "1111111111111111",
-      "1111111111111111",
-  });
+  PixelCanvas c = RoundBoulder();
+  c.Set(9, 2, 0);
+  return c;
 }
 
 PixelCanvas Crystals() {

@@ -167,27 +167,6 @@ PixelCanvas TallGrass() {
   });
 }
 
-PixelCanvas Rock() {
-  return PixelCanvas::FromRows({
-      "1111111111111111",
-      "1111133333311111",
-      "1111300002233111",
-      "1113000222222311",
-      "1130002222222231",
-      "1130022222222231",
-      "1302222222222223",
-      "1302222222222223",
-      "1302222222222223",
-      "1322222222222323",
-      "1322222222223323",
-      "1132222222233231",
-      "1113322223332311",
-      "1111133333331111",
-      "1111111111111111",
-      "1111111111111111",
-  });
-}
-
 PixelCanvas Sign() {
   return PixelCanvas::FromRows({
       "1111111111111111",
@@ -298,7 +277,7 @@ OutdoorTiles MakeOutdoorTiles() {
   const int flower_a = art.AddTile(Flowers(0), kFlowerPal);
   const int flower_b = art.AddTile(Flowers(1), kFlowerPal);
   const auto trees = art.AddTiles(Tree(), kTreePal);
-  const auto rock = art.AddTiles(Rock(), kStonePal);
+  const auto rock = art.AddTiles(RoundBoulder(), kStonePal);
   const auto sign = art.AddTiles(Sign(), kStonePal);
   const int fence = art.AddTile(Fence(), kStonePal);
   const int planks = art.AddTile(Planks(), kStonePal);

@@ -153,6 +153,27 @@ PixelCanvas Stones(int size, int stones, std::uint32_t seed, StoneColours colour
   return c;
 }
 
+PixelCanvas RoundBoulder() {
+  return PixelCanvas::FromRows({
+      "1111111111111111",
+      "1111133333311111",
+      "1111300002233111",
+      "1113000222222311",
+      "1130002222222231",
+      "1130022222222231",
+      "1302222222222223",
+      "1302222222222223",
+      "1302222222222223",
+      "1322222222222323",
+      "1322222222223323",
+      "1132222222233231",
+      "1113322223332311",
+      "1111133333331111",
+      "1111111111111111",
+      "1111111111111111",
+  });
+}
+
 int TilesetArt::AddTile(const PixelCanvas& tile, int palette) {
   if (tile.Width() != 8 || tile.Height() != 8) throw RomBuildError("demo tiles: a tile is 8 x 8");
   const auto key = std::make_pair(tile.Encode(), palette);

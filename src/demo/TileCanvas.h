@@ -63,6 +63,10 @@ struct StoneColours {
 };
 PixelCanvas Stones(int size, int stones, std::uint32_t seed, StoneColours colours);
 
+// A round boulder of 16 × 16 pixels standing on colour 1, lit from the upper left: 0 the
+// highlight, 2 its body, 3 the outline and shade.
+PixelCanvas RoundBoulder();
+
 // The tiles of one tileset with their palettes, and its blocks.
 class TilesetArt {
  public:

@@ -7,6 +7,7 @@
 #include <limits>
 #include <numeric>
 
+#include "gfx/GraphicsCommands.h"
 #include "gfx/GraphicsDecompressor.h"
 
 namespace kartova {
@@ -14,16 +15,6 @@ namespace kartova {
 namespace {
 
 using Bytes = std::span<const std::uint8_t>;
-
-constexpr int kLiteral = 0x00;
-constexpr int kByteFill = 0x20;
-constexpr int kAlternatingFill = 0x40;
-constexpr int kZeroFill = 0x60;
-constexpr int kCopy = 0x80;
-constexpr int kBitReversedCopy = 0xA0;
-constexpr int kBackwardCopy = 0xC0;
-constexpr int kLongForm = 0xE0;
-constexpr std::uint8_t kEndMark = 0xFF;
 
 constexpr int kShortCountMax = 32;    // counts up to this fit into the command byte
 constexpr int kLongCountMax = 1024;   // the long form's ten count bits

@@ -4,6 +4,7 @@
 #include <cstddef>
 #include <cstring>
 
+#include "gfx/GraphicsCommands.h"
 #include "rom/RomFile.h"
 
 namespace kartova {
@@ -11,17 +12,6 @@ namespace kartova {
 namespace {
 
 constexpr std::int64_t kBufferEnd = kGraphicsBufferSize;
-
-// Command kinds, as they stand in bits 5-7 of a command byte.
-constexpr int kLiteral = 0x00;
-constexpr int kByteFill = 0x20;
-constexpr int kAlternatingFill = 0x40;
-constexpr int kZeroFill = 0x60;
-constexpr int kCopy = 0x80;
-constexpr int kBitReversedCopy = 0xA0;
-constexpr int kBackwardCopy = 0xC0;
-constexpr int kLongForm = 0xE0;
-constexpr std::uint8_t kEndMark = 0xFF;
 
 // The compressed stream as it lies in memory.
 class MemorySource {
