@@ -6,12 +6,11 @@
 #include <algorithm>
 #include <array>
 #include <cstdint>
-#include <cstdio>
-#include <filesystem>
 #include <random>
 #include <string>
 #include <vector>
 
+#include "BenchSupport.h"
 #include "gfx/GraphicsCompressor.h"
 #include "gfx/GraphicsDecompressor.h"
 #include "rom/RomFile.h"
@@ -115,27 +114,16 @@ BENCHMARK(BM_DecompressTilesetFromMemory);
 
 void BM_DecompressTilesetFromRomFile(benchmark::State& state) {
   const Bytes stream = CompressGraphics(MakeTileset());
-  const std::string path =
-      (std::filesystem::temp_directory_path() / "kartova_compression_bench.gbc").string();
-  {
-    Bytes rom(0x20000, 0xFF);
-    std::copy(stream.begin(), stream.end(), rom.begin() + 0x1A3F0);
-    std::FILE* f = std::fopen(path.c_str(), "wb");
-    if (!f) {
-      state.SkipWithError("cannot write the temporary ROM");
-      return;
-    }
-    std::fwrite(rom.data(), 1, rom.size(), f);
-    std::fclose(f);
-  }
+  Bytes rom(0x20000, 0xFF);
+  std::copy(stream.begin(), stream.end(), rom.begin() + 0x1A3F0);
+  const bench::TempRom file_on_disk(rom);
   GraphicsBuffer buffer{};
   for (auto _ : state) {
-    RomFile file = RomFile::OpenForRead(path);
+    RomFile file = RomFile::OpenForRead(file_on_disk.path());
     benchmark::DoNotOptimize(DecompressGraphics(file, 0x1A3F0, buffer));
     file.Close();
     benchmark::ClobberMemory();
   }
-  std::filesystem::remove(path);
 }
 BENCHMARK(BM_DecompressTilesetFromRomFile);
 

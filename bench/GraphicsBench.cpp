@@ -1,15 +1,13 @@
-// Figures of the graphics core: composing the blocks of a tileset, rebuilding and reusing the
-// map view's buffer, a lighting change, and the whole tileset stage with the bordered grid of
-// a large map, headers included, as a map load runs them.
+// Figures of the graphics core: composing the blocks of a tileset, reusing and copying the map
+// view's buffer, and the whole tileset stage with the bordered grid of a large map, headers
+// included, as a map load runs them.
 
 #include <benchmark/benchmark.h>
 
 #include <cstdint>
-#include <filesystem>
-#include <fstream>
-#include <random>
-#include <string>
 #include <vector>
+
+#include "BenchSupport.h"
 
 #include "demo/RomBuilder.h"
 #include "gfx/BlockSet.h"
@@ -22,30 +20,8 @@
 namespace kartova {
 namespace {
 
-std::vector<std::uint8_t> RandomBytes(std::size_t n, unsigned seed) {
-  std::mt19937 rng(seed);
-  std::vector<std::uint8_t> v(n);
-  for (auto& b : v) b = static_cast<std::uint8_t>(rng());
-  return v;
-}
-
-// A file under the temporary directory, removed at the end of the benchmark.
-class TempRom {
- public:
-  explicit TempRom(const std::vector<std::uint8_t>& bytes)
-      : path_((std::filesystem::temp_directory_path() /
-               ("kartova-gfx-bench-" + std::to_string(std::random_device{}()) + ".gbc"))
-                  .string()) {
-    std::ofstream(path_, std::ios::binary)
-        .write(reinterpret_cast<const char*>(bytes.data()),
-               static_cast<std::streamsize>(bytes.size()));
-  }
-  ~TempRom() { std::filesystem::remove(path_); }
-  const std::string& path() const { return path_; }
-
- private:
-  std::string path_;
-};
+using bench::RandomBytes;
+using bench::TempRom;
 
 struct Tiles {
   TileSheet sheet;
@@ -84,18 +60,6 @@ void BM_ComposeBlocks(benchmark::State& state) {
 }
 BENCHMARK(BM_ComposeBlocks)->Unit(benchmark::kMicrosecond);
 
-void BM_ViewRebuild1920x1080Zoom2(benchmark::State& state) {
-  Tiles t;
-  const ExtendedMap grid = RandomGrid(100, 100);
-  ViewBuffer view;
-  for (auto _ : state) {
-    view.Invalidate();
-    view.Render(grid, t.blocks, {640, 480, 1920, 1080, 2});
-    benchmark::DoNotOptimize(view.Image().pixels.data());
-  }
-}
-BENCHMARK(BM_ViewRebuild1920x1080Zoom2)->Unit(benchmark::kMicrosecond);
-
 // At 1920 × 1080 and zoom 2 the buffer has 8 lines of vertical slack (and none horizontally).
 void BM_ViewScrollInsideTheSlack(benchmark::State& state) {
   Tiles t;
@@ -124,20 +88,6 @@ void BM_ViewCopyVisible1920x1080(benchmark::State& state) {
   }
 }
 BENCHMARK(BM_ViewCopyVisible1920x1080)->Unit(benchmark::kMicrosecond);
-
-// A lighting change: open the ROM, read the eight palettes, close.
-void BM_LightingChange(benchmark::State& state) {
-  TempRom rom(RandomBytes(0x200000, 3));
-  ColourTable table;
-  int t = 0;
-  for (auto _ : state) {
-    RomFile file = RomFile::OpenForRead(rom.path());
-    LoadPalettes(file, {.time_of_day = t, .sprite_set = 2, .map_bank = 5}, table);
-    file.Close();
-    t = (t + 1) % 8;
-  }
-}
-BENCHMARK(BM_LightingChange)->Unit(benchmark::kMicrosecond);
 
 // The headers, the tileset stage and the grid of a 100 × 100 map with four neighbours.
 void BM_MapLoadGraphicsStages(benchmark::State& state) {

@@ -4,13 +4,7 @@
 
 #include <benchmark/benchmark.h>
 
-#include <filesystem>
-#include <fstream>
-#include <random>
-#include <string>
-#include <system_error>
-
-#include "demo/DemoRom.h"
+#include "BenchSupport.h"
 #include "demo/DemoWorld.h"
 #include "gfx/ViewBuffer.h"
 #include "maps/RomDocument.h"
@@ -18,38 +12,14 @@
 namespace kartova {
 namespace {
 
-// The demo keeps to the definition's defaults, so no settings are needed.
-class NoSettings : public SettingsReader {
- public:
-  std::string ReadSetting(const std::string&, const std::string&, const std::string& def) const override {
-    return def;
-  }
-};
-
-struct DemoFile {
-  DemoFile() {
-    const auto name = "kartova-mapload-" + std::to_string(std::random_device{}()) + ".gbc";
-    path = (std::filesystem::temp_directory_path() / name).string();
-    const std::vector<std::uint8_t> bytes = BuildDemoRom();
-    std::ofstream(path, std::ios::binary)
-        .write(reinterpret_cast<const char*>(bytes.data()), static_cast<std::streamsize>(bytes.size()));
-  }
-  ~DemoFile() {
-    std::error_code ec;
-    std::filesystem::remove(path, ec);
-  }
-  std::string path;
-};
-
 // Nord Hafen-Stadt, 30 x 20 blocks, the largest demo map.
 constexpr int kBank = demo::kHafen.bank - 1;
 constexpr int kMap = demo::kHafen.number - 1;
 
 RomDocument& LoadedDocument() {
-  static const DemoFile file;
   static RomDocument doc;
   static const bool loaded = [] {
-    doc.OpenRom(file.path, NoSettings());
+    doc.OpenRom(bench::DemoRomPath(), bench::DemoSettings());
     doc.LoadSelectedMap(kBank, kMap);
     return true;
   }();
