@@ -5,17 +5,15 @@
 
 namespace kartova {
 
-// What the editor's command line may carry: a ROM to open and a file of ROM definitions.
+// What the editor's command line may carry: a ROM to open.
 struct StartupOptions {
   QString rom_path;
-  QString definitions_file;
-  // Options the editor does not know; they are passed over.
+  // Options the editor does not know and further paths; they are passed over.
   QStringList ignored;
 };
 
-// arguments without the program name. "--definitions FILE" (or "--definitions=FILE") names the
-// definitions file; the first argument that is no option is the ROM; everything else, including
-// unknown options and further paths, is ignored.
+// arguments without the program name. The first argument that is no option is the ROM;
+// everything else is ignored.
 StartupOptions ParseStartupOptions(const QStringList& arguments);
 
 }  // namespace kartova

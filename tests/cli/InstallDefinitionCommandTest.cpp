@@ -55,6 +55,8 @@ TEST_F(InstallDefinitionTest, WithoutAFileTheEditorsStoreReceivesTheDemoDefiniti
 
   const test::CliResult info = RunCli({"info", demo + "/demo.gbc"}, home);
   ASSERT_EQ(info.status, 0) << info.err;
+  for (const char* part : {"\"headerLength\": 9,", "\"mapNameTable\": 598916,", "\"tilesetBase\": 11770,"})
+    EXPECT_NE(info.out.find(part), std::string::npos) << part;
   EXPECT_NE(info.out.find("04 - Höhle"), std::string::npos) << info.out;
   EXPECT_NE(info.out.find("02 - Nacht / Höhle"), std::string::npos) << info.out;
 }

@@ -12,20 +12,13 @@ namespace {
 
 using test::RunCli;
 
-TEST(MakeDemoCommandTest, WritesTheDemoAndADefinitionTheToolReads) {
+TEST(MakeDemoCommandTest, WritesTheDemoAndItsDefinition) {
   test::TempDir dir;
   const std::string target = dir.File("new/demo dir");
   const test::CliResult made = RunCli({"make-demo", target});
   ASSERT_EQ(made.status, 0) << made.err;
   EXPECT_EQ(test::ReadFileBytes(target + "/demo.gbc"), BuildDemoRom());
   EXPECT_EQ(test::ReadFileText(target + "/demo.ini"), DemoDefinitionIni());
-
-  const test::CliResult info = RunCli({"--ini", target + "/demo.ini", "info", target + "/demo.gbc"});
-  ASSERT_EQ(info.status, 0) << info.err;
-  EXPECT_NE(info.out.find("\"headerLength\": 9"), std::string::npos) << info.out;
-  EXPECT_NE(info.out.find("04 - Höhle"), std::string::npos) << info.out;
-  EXPECT_NE(info.out.find("02 - Nacht / Höhle"), std::string::npos) << info.out;
-
   // Making it again over the old files replaces them.
   EXPECT_EQ(RunCli({"make-demo", target}).status, 0);
 }

@@ -7,6 +7,7 @@
 #include <array>
 
 #include "cli/CliProcess.h"
+#include "rom/HexText.h"
 #include "support/PlainWorld.h"
 #include "support/TempDir.h"
 
@@ -96,17 +97,16 @@ class RenderCommandTest : public ::testing::Test {
   std::string rom = dir.File("world.gbc"), ini = dir.File("k.ini"), png = dir.File("map.png");
 };
 
-TEST_F(RenderCommandTest, MapPrintsTheGridTheConnectionsAndTheColours) {
-  Write(PlainWorld().Build());
+TEST_F(RenderCommandTest, MapPrintsHeadersGridConnectionsAndColours) {
+  const BuiltRom world = PlainWorld().BuildWithLayout();
+  Write(world.bytes);
   test::CliResult r = Run({"map", rom, "2", "2"});
   ASSERT_EQ(r.status, 0) << r.err;
   QJsonObject json = Json(r);
   const QJsonArray grid = json["grid"].toArray();
   ASSERT_EQ(grid.size(), 10);
   EXPECT_EQ(grid[0].toString(), "01010102010001010101");  // the neighbour's last three rows
-  EXPECT_EQ(grid[1].toString(), "01010103030301010101");
-  EXPECT_EQ(grid[2].toString(), "01010100000001010101");
-  for (int y = 3; y < 10; ++y) EXPECT_EQ(grid[y].toString(), "01010101010101010101") << y;
+  EXPECT_EQ(grid[9].toString(), "01010101010101010101");
   const QJsonArray connections = json["connections"].toArray();
   ASSERT_EQ(connections.size(), 1);
   const QJsonObject north = connections[0].toObject();
@@ -118,21 +118,40 @@ TEST_F(RenderCommandTest, MapPrintsTheGridTheConnectionsAndTheColours) {
   ASSERT_EQ(colours.size(), 32);
   EXPECT_EQ(colours[0].toString(), "080808");
   EXPECT_EQ(colours[9].toString(), "FF0000");
-  EXPECT_EQ(colours[22].toString(), "00FF00");
   EXPECT_EQ(colours[31].toString(), "0000FF");
 
   r = Run({"map", "--time", "1", rom, "2", "1"});
   ASSERT_EQ(r.status, 0) << r.err;
-  EXPECT_EQ(Json(r)["colours"].toArray()[9].toString(), "FFFFFF");
-  EXPECT_EQ(Json(r)["connections"].toArray().size(), 0);
-  EXPECT_EQ(Json(r)["grid"].toArray()[3].toString(), "030303000102030303");
+  json = Json(r);
+  const MapLayout& at = world.layout.Map(2, 1);
+  auto hex = [&](std::int64_t offset, int n) {
+    std::string out;
+    for (int i = 0; i < n; ++i) out += Hex2(world.bytes[static_cast<std::size_t>(offset + i)]);
+    return out;
+  };
+  EXPECT_EQ(json["map"].toInt(), 1);
+  EXPECT_EQ(json["offset"].toInteger(), at.primary_header);
+  EXPECT_EQ(json["primary"].toString().toStdString(), hex(at.primary_header, 30));
+  EXPECT_EQ(json["secondary"].toString().toStdString(), hex(at.secondary_header, 60));
+  EXPECT_EQ(json["width"].toInt(), 3);
+  EXPECT_EQ(json["height"].toInt(), 4);
+  EXPECT_EQ(json["colours"].toArray()[9].toString(), "FFFFFF");
+  EXPECT_EQ(json["connections"].toArray().size(), 0);
+  EXPECT_EQ(json["grid"].toArray()[3].toString(), "030303000102030303");
 
+  r = Run({"map", rom, "2", "3"});
+  EXPECT_EQ(r.status, 1);
+  EXPECT_EQ(r.out, "");
+  EXPECT_EQ(r.err, "Fehler: Ziel-Map (2.3) existiert nicht.\n");
+  EXPECT_NE(Run({"map", dir.path().string(), "1", "1"}).err.find("is a directory"), std::string::npos);
   for (const auto& bad : std::vector<std::vector<std::string>>{
            {"map", rom, "2", "1", "--time", "9"}, {"map", rom, "2", "1", "--zoom", "2"},
+           {"map", rom, "0", "1"}, {"map", rom, "27", "1"}, {"map", rom, "2", "0"},
+           {"map", rom, "x", "1"}, {"map", rom, "2", "-1"}, {"map", rom, "2", "1.5"}, {"map", rom, "2"},
            {"render", rom, "2", "1", png, "--zoom", "3"}, {"render", rom, "2", "1"}}) {
     r = Run(bad);
-    EXPECT_EQ(r.status, 2) << bad.back();
-    EXPECT_NE(r.err.find("Usage"), std::string::npos);
+    EXPECT_EQ(r.status, 2) << bad[2] << " " << bad.back() << r.err;
+    EXPECT_NE(r.err.find("Usage: kartova-cli [--ini FILE] " + bad[0] + " ROM BANK MAP"), std::string::npos);
   }
 }
 

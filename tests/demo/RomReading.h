@@ -1,8 +1,6 @@
 #pragma once
 
-#include <array>
 #include <cstdint>
-#include <span>
 #include <vector>
 
 #include "rom/Address.h"
@@ -50,15 +48,5 @@ inline std::int64_t EventHeaderAt(const Image& rom, std::int64_t secondary) {
 inline std::int64_t TilesetRecordAt(const Image& rom, int number, std::int64_t base = 0x2DFA) {
   return BankPointerToOffset(Byte(rom, base + 21), Word(rom, base + 3)) + number * 15;
 }
-
-// The grid cells a connection record fills, read the way the map loader copies the strip:
-// (column, row) -> block, in the current map's bordered working copy.
-struct StripCell {
-  int column;
-  int row;
-  int block;
-};
-std::vector<StripCell> ReadStrip(const Image& rom, std::span<const std::uint8_t, 12> record,
-                                 int direction, int width, int header_length = 9);
 
 }  // namespace kartova::test

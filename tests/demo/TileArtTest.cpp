@@ -28,6 +28,11 @@ TEST(TileArtTest, TilesDecodeAtTheirSheetNumbersWithTheirPalettes) {
   EXPECT_EQ(numbers[99], 0x83);
   EXPECT_EQ(art.AddTile(ramp, 0), numbers[0]) << "an equal tile is stored once";
   EXPECT_NE(art.AddTile(ramp, 1), numbers[0]) << "the same pixels in another palette are not";
+  const BlockTiles a{1, 2, 3}, b{3, 2, 1};
+  EXPECT_EQ(art.AddBlock(a), 0);
+  EXPECT_EQ(art.AddBlock(b), 1);
+  EXPECT_EQ(art.AddBlock(a), 0);
+  EXPECT_EQ(art.BlockData().size(), 32u);
 
   const std::vector<std::uint8_t> graphics = art.Graphics();
   GraphicsBuffer buffer{};
@@ -51,26 +56,6 @@ TEST(TileArtTest, TilesDecodeAtTheirSheetNumbersWithTheirPalettes) {
     EXPECT_EQ(sheet->At(x0 + 4, y0 + 4), palette + i % 4);
     EXPECT_EQ(sheet->At(x0 + 7, y0 + 4), palette + i / 64 % 4);
   }
-}
-
-TEST(TileArtTest, CanvasesWrapCutAndFlip) {
-  PixelCanvas c(16, 8);
-  c.HLine(14, 0, 4, 3);  // runs over the right edge onto the left
-  EXPECT_EQ(c.At(15, 0), 3);
-  EXPECT_EQ(c.At(1, 0), 3);
-  EXPECT_EQ(c.At(2, 0), 0);
-  EXPECT_EQ(c.Cut(1, 0).At(7, 0), 3);
-  EXPECT_EQ(c.FlippedX().At(0, 0), 3);
-  EXPECT_EQ(c.FlippedY().At(15, 7), 3);
-  EXPECT_THROW(PixelCanvas::FromRows({"0123", "012"}), std::runtime_error);
-  EXPECT_THROW(PixelCanvas::FromRows({"0124"}), std::runtime_error);
-
-  TilesetArt art;
-  const BlockTiles a{1, 2, 3}, b{3, 2, 1};
-  EXPECT_EQ(art.AddBlock(a), 0);
-  EXPECT_EQ(art.AddBlock(b), 1);
-  EXPECT_EQ(art.AddBlock(a), 0);
-  EXPECT_EQ(art.BlockData().size(), 32u);
 }
 
 }  // namespace

@@ -1,6 +1,6 @@
 #include <gtest/gtest.h>
 
-#include "gfx/ByteImage.h"
+#include "support/ByteImage.h"
 #include "gfx/ExtendedMap.h"
 #include "rom/RomFile.h"
 #include "rom/RuntimeError.h"
@@ -49,13 +49,6 @@ void BuildInto(ExtendedMap& grid, const ByteImage& rom, int w, int h, std::uint8
   BuildExtendedMap(file, s, 9, grid);
 }
 
-ExtendedMap Build(const ByteImage& rom, int w, int h, std::uint8_t flags,
-                  std::vector<Bytes> records = {}) {
-  ExtendedMap grid;
-  BuildInto(grid, rom, w, h, flags, std::move(records));
-  return grid;
-}
-
 TEST(ExtendedMapTest, CopiesTheStripsOfAllFourNeighbours) {
   ByteImage rom(0xC8000);
   const int north = Neighbour(rom, 1, 2, 3, 12, 6);
@@ -66,8 +59,8 @@ TEST(ExtendedMapTest, CopiesTheStripsOfAllFourNeighbours) {
   const int west = Neighbour(rom, 3, 5, 1, 7, 9);
   const int east = Neighbour(rom, 4, 26, 2, 5, 4);
   // A 10 × 4 map: 16 cells a row in the working copy from 0xC700.
-  ExtendedMap grid = Build(
-      rom, 10, 4, 0x0F,
+  ExtendedMap grid;
+  BuildInto(grid, rom, 10, 4, 0x0F,
       {Record(2, 3, north + 3 * 12, 0xC703, 10, 12), Record(2, 1, south, 0xC700 + 7 * 16 + 5, 6, 4),
        Record(5, 1, west + 2 * 7 + 4, 0xC730, 4, 7), Record(26, 2, east, 0xC73D, 4, 5)});
   for (int i = 0; i < 30; ++i) EXPECT_EQ(grid.At(3 + i % 10, i / 10), V(1, i % 10, 3 + i / 10));
@@ -108,7 +101,8 @@ TEST(ExtendedMapTest, PacksRecordsOfSetFlagsAndReadsWildOnesWhereverTheyLand) {
   ByteImage rom(kOwnBlocks);
   const int south = Neighbour(rom, 2, 4, 1, 10, 3);
   rom.Put(kOwnBlocks, Bytes(255 * 100, 7));  // the file ends after map row 99
-  ExtendedMap grid = Build(rom, 255, 255, 0x05,
+  ExtendedMap grid;
+  BuildInto(grid, rom, 255, 255, 0x05,
                            {Record(4, 1, south, 0xC700 + 50 * 261 + 3, 10, 10),
                             Record(27, 0, 0xFFFF, 0xC700 + 258, 255, 0)});
   EXPECT_EQ(grid.Width(), 261);

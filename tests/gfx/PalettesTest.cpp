@@ -1,6 +1,6 @@
 #include <gtest/gtest.h>
 
-#include "gfx/ByteImage.h"
+#include "support/ByteImage.h"
 #include "gfx/Palettes.h"
 #include "rom/RomFile.h"
 

@@ -10,7 +10,7 @@
 namespace kartova {
 namespace {
 
-TEST(ConnectionSlotTest, RecordsArePackedInDirectionOrder) {
+TEST(ConnectionSlotTest, RecordsArePackedInDirectionOrderOfTheFlags) {
   // Slots of north, south, west, east; flags 0x05 puts south in slot 0 and east in slot 1.
   const std::pair<std::uint8_t, std::array<int, 4>> cases[] = {
       {0x0F, {0, 1, 2, 3}}, {0x05, {0, 0, 1, 1}}, {0x0A, {0, 1, 1, 2}}, {0xF0, {0, 0, 0, 0}}};
@@ -22,6 +22,9 @@ TEST(ConnectionSlotTest, RecordsArePackedInDirectionOrder) {
   EXPECT_EQ(ConnectionSlotOfSelector(south_east, -1), 0);
   SecondaryHeaderBytes secondary{};
   EXPECT_THROW(ReadConnectionSlot(secondary, 4), RuntimeError);
+  // The check boxes and the flag byte: the high nibble is no direction.
+  EXPECT_EQ(ConnectionFlagsFromChecks({false, true, false, true}), 0x05);
+  EXPECT_EQ(ChecksFromConnectionFlags(0x1A), (DirectionFlags{true, false, true, false}));
 }
 
 TEST(ConnectionBoxTest, TextsShowFieldsInFileOrderAndEachBoxStoresItsBytes) {
@@ -50,30 +53,6 @@ TEST(ConnectionBoxTest, TextsShowFieldsInFileOrderAndEachBoxStoresItsBytes) {
     EXPECT_EQ(StoreConnectionBox(record, box, ParseHex(text)), !changed.empty());
     EXPECT_EQ(record, expected) << "Header(" << box << ")";
   }
-}
-
-TEST(ConnectionBoxTest, EditGoesToTheSlotOfTheSelectedDirection) {
-  SecondaryHeaderBytes secondary{}, expected{};
-  ConnectionSelectors selectors;
-  selectors.enabled = {false, true, false, true};  // flags 0x05
-  SelectConnection(selectors, 3);
-  StoreConnectionEdit(secondary, selectors, 18, ParseHex("0AC8"));
-  expected[24 + 10] = 0x0A;
-  expected[24 + 11] = 0xC8;
-  EXPECT_EQ(secondary, expected);
-
-  const ConnectionView view = ShowConnectionData(secondary, selectors.enabled, 3);
-  EXPECT_EQ(view.slot, 1);
-  EXPECT_EQ(view.texts[7], "0AC8");
-  EXPECT_EQ(view.length_caption, "ST-Höhe:");
-  EXPECT_EQ(ConnectionLengthCaption(1), "ST-Breite:");
-  EXPECT_EQ(ConnectionLengthCaption(-1), "ST-Größe:");
-}
-
-TEST(ConnectionEditorTest, FlagsFollowTheCheckBoxes) {
-  EXPECT_EQ(ConnectionFlagsFromChecks({true, false, false, false}), 0x08);
-  EXPECT_EQ(ConnectionFlagsFromChecks({false, true, false, true}), 0x05);
-  EXPECT_EQ(ChecksFromConnectionFlags(0x1A), (DirectionFlags{true, false, true, false}));
 }
 
 TEST(ConnectionSelectorsTest, EnsureKeepsAnEnabledChoiceElsePicksEastFirst) {

@@ -1,7 +1,7 @@
 #include <gtest/gtest.h>
 
 #include "maps/MapNames.h"
-#include "maps/MapTestImages.h"
+#include "support/ByteImage.h"
 #include "rom/GameTextTable.h"
 #include "rom/RomFile.h"
 #include "rom/RuntimeError.h"
@@ -27,14 +27,14 @@ TEST(FormatMapNameTest, WordsStartAfterBlanksAndHyphensOnly) {
 
 TEST(LocationNamesTest, PointersStayInTheTablesBankAndStringsEndAtTerminatorOrFileEnd) {
   constexpr std::int32_t kTable = 0x90000;
-  test::HandImage image(0x90000 + 0x400);
+  test::ByteImage image(0x90000 + 0x400);
   for (int i = 0; i < kLocationCount; ++i) image.Word(kTable + 4 * i, 0x43FC);  // the end of the file
   image.Word(kTable + 4, 0xC200);  // bank bits masked off: 0x90200
   const std::uint8_t weg[] = {0x96, 0x84, 0x86, 0x7F, 0xF7, 0xF8, 0x50, 0x80};  // "WEG 12"
   std::copy(std::begin(weg), std::end(weg), image.bytes.begin() + 0x90200);
   for (int k = 0; k < 4; ++k) image.bytes[0x903FC + k] = static_cast<std::uint8_t>(0x80 + k);  // ABCD
   test::TempDir dir;
-  RomFile rom = RomFile::OpenForRead(image.Write(dir));
+  RomFile rom = RomFile::OpenForRead(image.Save(dir));
   GameTextTable text;
   LocationNames names = ReadLocationNames(rom, kTable, text);
   EXPECT_EQ(names[0], "Abcd");

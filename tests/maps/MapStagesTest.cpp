@@ -138,36 +138,6 @@ TEST_F(MapStagesTest, ALightingChangeRereadsOnlyTheColours) {
   EXPECT_EQ(doc.Colours().Entry(9), kWhiteEntry);
 }
 
-TEST_F(MapStagesTest, AStripOutsideTheGridKeepsWhatWasFilledAndReportsTheGridBuilt) {
-  RomBuilder b = PlainWorld();
-  // A south strip that would start 40 rows down.
-  const std::array<std::uint8_t, 12> south = {2, 1, 0x00, 0x40, 0x00, 0xC9, 3, 3, 0, 0, 0, 0};
-  b.Map(2, {.border = 2,
-            .width = 4,
-            .height = 2,
-            .blocks = {1, 1, 1, 1, 3, 3, 3, 3},
-            .connections = {{.direction = Direction::kNorth, .target = {2, 1}},
-                            {.direction = Direction::kSouth, .target = {2, 1}, .raw = south}}});
-  Open(b.Build());
-  std::vector<MapLoadStep> heard;
-  try {
-    doc.LoadSelectedMap(1, 2, [&](MapLoadStep s) { heard.push_back(s); });
-    ADD_FAILURE() << "no runtime error";
-  } catch (const RuntimeError& e) {
-    EXPECT_EQ(e.number(), RuntimeError::kSubscriptOutOfRange);
-  }
-  ASSERT_FALSE(heard.empty());
-  EXPECT_EQ(heard.back(), MapLoadStep::kMapBuilt);
-  const ExtendedMap& grid = doc.Grid();
-  EXPECT_EQ(grid.Height(), 8);
-  EXPECT_EQ(grid.At(3, 3), 1);
-  EXPECT_EQ(grid.At(6, 4), 3);
-  EXPECT_EQ(grid.At(3, 1), 3);  // the north strip came first
-  EXPECT_TRUE(grid.Connection(kDirectionNorth).present);
-  EXPECT_FALSE(grid.Connection(kDirectionSouth).present);
-  EXPECT_EQ(grid.At(5, 7), 2);
-}
-
 TEST_F(MapStagesTest, BrokenTilesetsKeepThePreviousPicturesAndNeverCrash) {
   RomBuilder b = PlainWorld();
   TilesetDecl empty;
@@ -194,20 +164,6 @@ TEST_F(MapStagesTest, BrokenTilesetsKeepThePreviousPicturesAndNeverCrash) {
   Open(wild);
   EXPECT_NO_THROW(doc.LoadSelectedMap(1, 0));
   EXPECT_NO_THROW(doc.SetTimeOfDay(0, 1));
-}
-
-TEST_F(MapStagesTest, TheLargestMapGetsItsWholeGrid) {
-  const BuiltRom world = PlainWorld().BuildWithLayout();
-  Bytes bytes = world.bytes;
-  const auto secondary = static_cast<std::size_t>(world.layout.Map(2, 1).secondary_header);
-  bytes[secondary + 1] = bytes[secondary + 2] = 0xFF;  // 255 x 255 blocks from the same data
-  Open(bytes);
-  doc.LoadSelectedMap(1, 0);
-  EXPECT_EQ(doc.Grid().Width(), 261);
-  EXPECT_EQ(doc.Grid().Height(), 261);
-  EXPECT_EQ(doc.Grid().At(3, 3), 0);
-  EXPECT_EQ(doc.Grid().At(260, 260), 3);
-  EXPECT_EQ(doc.LinkRowLength(), (255 + 7) * 2);
 }
 
 }  // namespace

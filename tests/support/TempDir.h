@@ -23,9 +23,14 @@ class TempDir {
   std::filesystem::path path_;
 };
 
-void WriteFileBytes(const std::string& path, const std::vector<std::uint8_t>& bytes);
-std::vector<std::uint8_t> ReadFileBytes(const std::string& path);
 void WriteFileText(const std::string& path, const std::string& text);
 std::string ReadFileText(const std::string& path);
+inline void WriteFileBytes(const std::string& path, const std::vector<std::uint8_t>& bytes) {
+  WriteFileText(path, std::string(bytes.begin(), bytes.end()));
+}
+inline std::vector<std::uint8_t> ReadFileBytes(const std::string& path) {
+  const std::string text = ReadFileText(path);
+  return {text.begin(), text.end()};
+}
 
 }  // namespace kartova::test

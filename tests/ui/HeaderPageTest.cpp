@@ -9,6 +9,7 @@
 #include "ui/HeaderPage.h"
 #include "ui/LinkDataFrame.h"
 #include "ui/WindowPlacement.h"
+#include "maps/HeaderFields.h"
 
 namespace kartova::test {
 namespace {
@@ -36,18 +37,12 @@ class HeaderPageTest : public EditorTest {
 
 TEST_F(HeaderPageTest, TheBoxesShowTheHeadersOfTheLoadedMap) {
   OpenEditorWith(WriteDemoRom());
-  const std::vector<std::uint8_t>& rom = DemoRom().bytes;
   const MapLayout& map = DemoRom().layout.Map(1, 1);
-  EXPECT_EQ(Box(0)->text(), HexOf(rom, map.primary_header, 1));
-  EXPECT_EQ(Box(1)->text(), HexOf(rom, map.primary_header + 3, 2));  // file byte order
-  EXPECT_EQ(Box(2)->text(), HexOf(rom, map.primary_header + 8, 1));
-  EXPECT_EQ(Box(3)->text(), HexOf(rom, map.secondary_header, 1));
-  EXPECT_EQ(Box(4)->text(), HexOf(rom, map.secondary_header + 3, 3));
-  EXPECT_EQ(Box(6)->text(), HexOf(rom, map.secondary_header + 7, 2));
-  EXPECT_EQ(Box(7)->text(), HexOf(rom, map.secondary_header + 9, 2));
-  EXPECT_EQ(Box(8)->text(), "0F");
-  EXPECT_EQ(Box(9)->text(), "14");   // 20 blocks wide
-  EXPECT_EQ(Box(10)->text(), "10");  // 16 high
+  EXPECT_EQ(Box(1)->text(), HexOf(DemoRom().bytes, map.primary_header + 3, 2));  // file byte order
+  for (int i = 0; i < kHeaderFieldCount; ++i) {
+    EXPECT_EQ(Box(i)->text().toStdString(), HeaderFieldText(i, Document().Primary(), Document().Secondary(), 0));
+  }
+  EXPECT_EQ(Box(8)->text() + Box(9)->text() + Box(10)->text(), "0F1410");  // 20 x 16, all four
   EXPECT_EQ(Page().extra_byte_label()->text(), "Angel:");
   EXPECT_EQ(Connections(), "1111");
   for (int i = 0; i < 4; ++i)
@@ -56,11 +51,9 @@ TEST_F(HeaderPageTest, TheBoxesShowTheHeadersOfTheLoadedMap) {
   EXPECT_FALSE(Page().extra_byte_selector()->isVisibleTo(&Page()));
   EXPECT_FALSE(Page().extra_selector_label()->isVisibleTo(&Page()));
   EXPECT_EQ(Box(2)->width(), window_->placement().ToPixelsX(840));
-  // The map has connections: the editor is on, showing the east record; the link data view
-  // waits until the header tab is selected.
+  // The connection editor is on; the link data view waits until the header tab is selected.
   EXPECT_TRUE(Page().connection_frame()->isEnabled());
   EXPECT_FALSE(Page().link_data_frame()->isEnabled());
-  EXPECT_EQ(Page().connection_frame()->length_label()->text(), QString::fromUtf8("ST-Höhe:"));
   EXPECT_FALSE(window_->changes_pending());
 }
 
@@ -83,12 +76,6 @@ TEST_F(HeaderPageTest, TypedTextsReachTheBuffersByteForByte) {
   secondary.bytes[2] = 0x0C;
   Type(Box(2), "0D");
   primary.bytes[8] = 0x0D;
-  Type(Box(8), "0");
-  secondary.bytes[11] = 0x00;
-  EXPECT_EQ(Connections(), "0000");
-  Type(Box(8), "5");
-  secondary.bytes[11] = 0x05;
-  EXPECT_EQ(Connections(), "0101");
 
   EXPECT_EQ(Document().Primary().bytes, primary.bytes);
   EXPECT_EQ(Document().Secondary().bytes, secondary.bytes);
@@ -105,8 +92,7 @@ TEST_F(HeaderPageTest, CombosStoreTypedCodesButNotListTexts) {
   EXPECT_EQ(HeaderCombo(0)->currentText(), "28");
 
   const PrimaryHeaderBuffer before = Document().Primary();
-  HeaderCombo(0)->setCurrentIndex(3);
-  emit HeaderCombo(0)->activated(3);
+  Activate(HeaderCombo(0), 3);
   EXPECT_EQ(Document().Primary().bytes, before.bytes);
   EXPECT_TRUE(window_->changes_pending());
 
@@ -137,19 +123,7 @@ TEST_F(HeaderPageTest, LongerRecordsShowTheirExtraBytesByName) {
   EXPECT_EQ(Box(2)->text(), "33");
 }
 
-class TabSwitchTest : public HeaderPageTest {
- protected:
-  // On the header page with Border typed over.
-  void EditBorder() {
-    OpenEditorWith(WriteDemoRom());
-    ClickTab(MainWindow::kHeaderTab);
-    Type(Box(3), "42");
-    steps_.clear();
-  }
-  std::uint8_t RomBorder() const { return DemoByte(DemoRom().layout.Map(1, 1).secondary_header); }
-};
-
-TEST_F(TabSwitchTest, WithoutEditsNothingIsAsked) {
+TEST_F(HeaderPageTest, ASwitchWithoutEditsAsksNothing) {
   OpenEditorWith(WriteDemoRom());
   const std::size_t asked = prompter_.asked.size();
   ClickTab(MainWindow::kEventTab);
@@ -159,44 +133,48 @@ TEST_F(TabSwitchTest, WithoutEditsNothingIsAsked) {
   EXPECT_EQ(prompter_.asked.size(), asked);
 }
 
-TEST_F(TabSwitchTest, CancelStaysOnTheHeaderPageWithTheEdits) {
-  EditBorder();
-  prompter_.ExpectMessage(kApplyText, Prompter::Answer::kCancel);
-  ClickTab(MainWindow::kMapTab);
-  EXPECT_EQ(prompter_.asked.back().title, QString::fromUtf8("Änderungen übernehmen?"));
-  EXPECT_EQ(prompter_.asked.back().buttons, Prompter::Buttons::kYesNoCancel);
-  EXPECT_EQ(window_->tab_strip()->currentIndex(), MainWindow::kHeaderTab);
-  EXPECT_EQ(window_->current_tab(), MainWindow::kHeaderTab);
-  EXPECT_TRUE(Page().isVisible());
-  EXPECT_TRUE(window_->changes_pending());
-  EXPECT_EQ(window_->apply_mode(), 0);
-  EXPECT_EQ(Document().Secondary().BorderBlock(), 0x42);
-  EXPECT_TRUE(steps_.empty());
-}
-
-TEST_F(TabSwitchTest, NoRestoresTheHeadersFromTheRom) {
-  EditBorder();
-  prompter_.ExpectMessage(kApplyText, Prompter::Answer::kNo);
-  ClickTab(MainWindow::kMapTab);
-  EXPECT_EQ(window_->current_tab(), MainWindow::kMapTab);
-  EXPECT_EQ(Document().Secondary().BorderBlock(), RomBorder());
-  EXPECT_EQ(Box(3)->text(), QString::fromStdString(Hex2(RomBorder())));
-  EXPECT_EQ(steps_, std::vector<MapLoadStep>{MapLoadStep::kHeaderPage});
-  EXPECT_FALSE(window_->changes_pending());
-  EXPECT_EQ(window_->apply_mode(), 0);
-}
-
-TEST_F(TabSwitchTest, YesReloadsEverythingButTheEditedHeaders) {
-  EditBorder();
-  prompter_.ExpectMessage(kApplyText, Prompter::Answer::kYes);
-  ClickTab(MainWindow::kEventTab);
-  EXPECT_EQ(window_->current_tab(), MainWindow::kEventTab);
-  EXPECT_EQ(Document().Secondary().BorderBlock(), 0x42);
-  EXPECT_EQ(Box(3)->text(), "42");
-  EXPECT_EQ(steps_, (std::vector<MapLoadStep>{MapLoadStep::kTileset, MapLoadStep::kEvents,
-                                              MapLoadStep::kEventControls, MapLoadStep::kMapBuilt}));
-  EXPECT_FALSE(window_->changes_pending());
-  EXPECT_EQ(window_->apply_mode(), 0);
+// Leaving the header page with Border typed over: Yes reloads everything but the edited
+// headers, No reads the headers again, Cancel stays with the edits.
+TEST_F(HeaderPageTest, LeavingWithEditsAsksWhetherToApplyThem) {
+  using A = Prompter::Answer;
+  using S = MapLoadStep;
+  const struct Case {
+    A answer;
+    int tab, lands_on;
+    bool edited;
+    std::vector<S> steps;
+  } cases[] = {
+      {A::kYes, MainWindow::kEventTab, MainWindow::kEventTab, true, {S::kTileset, S::kEvents, S::kEventControls, S::kMapBuilt}},
+      {A::kNo, MainWindow::kMapTab, MainWindow::kMapTab, false, {S::kHeaderPage}},
+      {A::kCancel, MainWindow::kMapTab, MainWindow::kHeaderTab, true, {}},
+  };
+  const MapLayout& map = DemoRom().layout.Map(1, 1);
+  const auto rom = [&](std::int64_t at, std::size_t n) {
+    return std::vector<std::uint8_t>(DemoRom().bytes.begin() + at, DemoRom().bytes.begin() + at + n);
+  };
+  for (const Case& c : cases) {
+    SCOPED_TRACE(static_cast<int>(c.answer));
+    OpenEditorWith(WriteDemoRom());
+    ClickTab(MainWindow::kHeaderTab);
+    Type(Box(3), "42");
+    steps_.clear();
+    prompter_.ExpectMessage(kApplyText, c.answer);
+    ClickTab(c.tab);
+    EXPECT_EQ(prompter_.asked.back().title, QString::fromUtf8("Änderungen übernehmen?"));
+    EXPECT_EQ(prompter_.asked.back().buttons, Prompter::Buttons::kYesNoCancel);
+    EXPECT_EQ(window_->current_tab(), c.lands_on);
+    EXPECT_EQ(window_->tab_strip()->currentIndex(), c.lands_on);
+    EXPECT_EQ(steps_, c.steps);
+    std::vector<std::uint8_t> secondary = rom(map.secondary_header, SecondaryHeaderBuffer::kSize);
+    if (c.edited) secondary[0] = 0x42;
+    EXPECT_EQ(std::vector<std::uint8_t>(Document().Secondary().bytes.begin(), Document().Secondary().bytes.end()), secondary);
+    EXPECT_EQ(std::vector<std::uint8_t>(Document().Primary().bytes.begin(), Document().Primary().bytes.end()),
+              rom(map.primary_header, PrimaryHeaderBuffer::kSize));
+    EXPECT_EQ(Box(3)->text().toStdString(), Hex2(secondary[0]));
+    EXPECT_EQ(window_->changes_pending(), c.answer == A::kCancel);
+    EXPECT_EQ(window_->apply_mode(), 0);
+    EXPECT_EQ(Page().isVisible(), c.lands_on == MainWindow::kHeaderTab);
+  }
 }
 
 }  // namespace

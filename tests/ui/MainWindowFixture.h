@@ -8,10 +8,15 @@
 
 #include "ScriptedPrompter.h"
 #include "app/SettingsStore.h"
+#include "rom/RuntimeError.h"
 #include "support/TempDir.h"
 #include "ui/MainWindow.h"
 
 namespace kartova::test {
+
+inline QString SubscriptMessage() {
+  return QString::fromStdString(RuntimeError::SubscriptOutOfRange().GermanMessage());
+}
 
 // The real main window, with OpenRom observed instead of opening anything.
 class ObservedMainWindow : public MainWindow {
@@ -26,13 +31,13 @@ class ObservedMainWindow : public MainWindow {
 class MainWindowTest : public ::testing::Test {
  protected:
   MainWindowTest();
-  ~MainWindowTest() override;
+  ~MainWindowTest() override { window_.reset(); }
 
   // Settings as they were before the program started, and as they are now.
-  void PresetRegistry(const std::string& key, const std::string& value);
-  void PresetIni(const std::string& key, const std::string& value);
-  std::string Registry(const std::string& key) const;
-  std::string Ini(const std::string& key) const;
+  void PresetRegistry(const std::string& key, const std::string& value) { store_->WriteRegistry("Settings", key, value); }
+  void PresetIni(const std::string& key, const std::string& value) { store_->WriteIni("Settings", key, value); }
+  std::string Registry(const std::string& key) const { return store_->ReadRegistry("Settings", key, "<none>"); }
+  std::string Ini(const std::string& key) const { return store_->ReadIni("Settings", key, "<none>"); }
 
   ObservedMainWindow& StartWindow();
   // The real editor, OpenRom and all; rom_argument is its command line ROM.
@@ -44,14 +49,18 @@ class MainWindowTest : public ::testing::Test {
 
   int PixelsX(double twips) const { return window_->placement().ToPixelsX(twips); }
   int PixelsY(double twips) const { return window_->placement().ToPixelsY(twips); }
-  std::string TwipsTextX(int pixels) const;
-  std::string TwipsTextY(int pixels) const;
+  std::string TwipsTextX(int pixels) const { return std::to_string(window_->placement().ToTwipsX(pixels)); }
+  std::string TwipsTextY(int pixels) const { return std::to_string(window_->placement().ToTwipsY(pixels)); }
 
   TempDir dir_;
   std::string program_dir_;
   std::unique_ptr<SettingsStore> store_;
   ScriptedPrompter prompter_;
   std::unique_ptr<MainWindow> window_;
+
+ private:
+  template <typename Window>
+  Window& Start(const QString& rom_argument);
 };
 
 }  // namespace kartova::test

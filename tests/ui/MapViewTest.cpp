@@ -13,8 +13,6 @@
 namespace kartova::test {
 namespace {
 
-const QString kSubscriptMessage =
-    QString::fromUtf8("Laufzeitfehler '9': Index außerhalb des gültigen Bereichs");
 constexpr const char* kDayItems[] = {"mnuDayAuto", "mnuDay0", "mnuDay1", "mnuDay2", "mnuDay3",
                                      "mnuDay4",    "mnuDay5", "mnuDay6", "mnuDay7"};
 
@@ -180,7 +178,7 @@ TEST_F(MapViewTest, AStripOutsideTheGridShowsTheErrorAndTheMapStillDraws) {
   bytes[north + 5] = 0xD0;
   StartEditor();
   prompter_.ExpectOpenFile(QString::fromStdString(WriteRom("broken.gbc", bytes)));
-  prompter_.ExpectMessage(kSubscriptMessage);
+  prompter_.ExpectMessage(SubscriptMessage());
   Click("mnuLoad");
   EXPECT_EQ(prompter_.asked.size(), 2u);  // the dialog and the message
   EXPECT_GT(Graphics().rebuilds(), 0);

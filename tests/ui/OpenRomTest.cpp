@@ -13,14 +13,6 @@
 namespace kartova::test {
 namespace {
 
-const QString kSubscriptMessage = QString::fromUtf8("Laufzeitfehler '9': Index außerhalb des gültigen Bereichs");
-
-std::string SectionOf(std::string_view title) {
-  std::string section;
-  for (std::size_t i = 0; i < 16; ++i) section += Hex2(i < title.size() ? static_cast<unsigned char>(title[i]) : 0);
-  return section;
-}
-
 QStringList Items(const QComboBox* combo) {
   QStringList items;
   for (int i = 0; i < combo->count(); ++i) items << combo->itemText(i);
@@ -83,13 +75,13 @@ TEST_F(OpenRomTest, AReadOnlyRomCanOnlyBeSavedUnderAnotherName) {
 }
 
 TEST_F(OpenRomTest, AnUnreadableDefinitionKeepsThePreviousRom) {
-  AddDefinitions("[" + SectionOf("BROKEN") + "]\nHeaderLengthA=31\n");
+  AddDefinitions("[42524F4B454E" + std::string(20, '0') + "]\nHeaderLengthA=31\n");  // "BROKEN"
   const std::string demo = WriteDemoRom();
   const std::string broken = WriteRom("broken.gbc", RomBuilder().Title("BROKEN").Build());
   MainWindow& window = OpenEditorWith(demo);
   ClickMap(2);
   prompter_.ExpectOpenFile(QString::fromStdString(broken));
-  prompter_.ExpectMessage(kSubscriptMessage);
+  prompter_.ExpectMessage(SubscriptMessage());
   Click("mnuLoad");
   EXPECT_EQ(window.rom_path().toStdString(), demo);
   EXPECT_EQ(Document().RomPath(), demo);
@@ -143,7 +135,7 @@ TEST_F(ReloadTest, ADefinitionBrokenMeanwhileKeepsTheRomCurrent) {
   MainWindow& window = OpenEditorWith(rom);
   OpenThroughDialog(WriteDemoRom("zweite.gbc"));
   store_->WriteIni(DemoDefinitionSection(), "HeaderLengthA", "31");
-  prompter_.ExpectMessage(kSubscriptMessage);
+  prompter_.ExpectMessage(SubscriptMessage());
   Click("mnuReloadFull");
   EXPECT_EQ(window.rom_path().toStdString(), dir_.File("zweite.gbc"));
   EXPECT_EQ(Document().RomPath(), dir_.File("zweite.gbc"));
@@ -205,7 +197,7 @@ TEST_F(MapListTest, ALocationAbove94EndsTheListWithTheRuntimeError) {
   std::vector<std::uint8_t> bytes = DemoRom().bytes;
   bytes.at(static_cast<std::size_t>(DemoRom().layout.Map(1, 3).primary_header + 5)) = 0x5F;
   WriteRom("demo.gbc", bytes);
-  prompter_.ExpectMessage(kSubscriptMessage);
+  prompter_.ExpectMessage(SubscriptMessage());
   ClickBank(0);
   EXPECT_EQ(Items(Combo("Combo3")).join("|"), QString::fromUtf8("Mühlental - 1.1|Weg 11 - 1.2"));
 }

@@ -10,10 +10,6 @@ ScriptedPrompter::~ScriptedPrompter() {
                   << script_.front().text.toStdString();
 }
 
-void ScriptedPrompter::ExpectMessage(const QString& text, Answer answer) {
-  script_.push_back({Kind::kMessage, text, answer, std::nullopt});
-}
-
 std::optional<ScriptedPrompter::Step> ScriptedPrompter::Next(const Asked& prompt) {
   asked.push_back(prompt);
   if (script_.empty() || script_.front().kind != prompt.kind) {
@@ -33,24 +29,6 @@ Prompter::Answer ScriptedPrompter::Message(const QString& text, const QString& t
     EXPECT_EQ(step->text.toStdString(), text.toStdString());
   }
   return step->answer;
-}
-
-std::optional<QString> ScriptedPrompter::FileDialog(Kind kind, const QString& title,
-                                                    const QString& start_dir,
-                                                    const QStringList& name_filters) {
-  const std::optional<Step> step =
-      Next({kind, title, title, Buttons::kOk, Icon::kNone, start_dir, name_filters});
-  return step ? step->path : std::nullopt;
-}
-
-std::optional<QString> ScriptedPrompter::OpenFile(const QString& title, const QString& start_dir,
-                                                  const QStringList& name_filters) {
-  return FileDialog(Kind::kOpenFile, title, start_dir, name_filters);
-}
-
-std::optional<QString> ScriptedPrompter::SaveFile(const QString& title, const QString& start_dir,
-                                                  const QStringList& name_filters) {
-  return FileDialog(Kind::kSaveFile, title, start_dir, name_filters);
 }
 
 }  // namespace kartova::test

@@ -27,20 +27,21 @@ class ScriptedPrompter : public Prompter {
   ~ScriptedPrompter() override;
 
   // The next prompt is a message with this text (any text when empty).
-  void ExpectMessage(const QString& text, Answer answer = Answer::kOk);
-  // The next prompt is that file dialog; nullopt cancels it.
-  void ExpectOpenFile(std::optional<QString> path) {
-    script_.push_back({Kind::kOpenFile, {}, {}, path});
+  void ExpectMessage(const QString& text, Answer answer = Answer::kOk) {
+    script_.push_back({Kind::kMessage, text, answer, std::nullopt});
   }
-  void ExpectSaveFile(std::optional<QString> path) {
-    script_.push_back({Kind::kSaveFile, {}, {}, path});
-  }
+  // The next prompt is the open dialog; nullopt cancels it.
+  void ExpectOpenFile(std::optional<QString> path) { script_.push_back({Kind::kOpenFile, {}, {}, path}); }
 
   Answer Message(const QString& text, const QString& title, Buttons buttons, Icon icon) override;
   std::optional<QString> OpenFile(const QString& title, const QString& start_dir,
-                                  const QStringList& name_filters) override;
+                                  const QStringList& name_filters) override {
+    return FileDialog({Kind::kOpenFile, title, title, Buttons::kOk, Icon::kNone, start_dir, name_filters});
+  }
   std::optional<QString> SaveFile(const QString& title, const QString& start_dir,
-                                  const QStringList& name_filters) override;
+                                  const QStringList& name_filters) override {
+    return FileDialog({Kind::kSaveFile, title, title, Buttons::kOk, Icon::kNone, start_dir, name_filters});
+  }
   void OpenDocument(const QString& url) override { documents.push_back(url); }
 
   std::vector<Asked> asked;
@@ -54,8 +55,10 @@ class ScriptedPrompter : public Prompter {
     std::optional<QString> path;
   };
   std::optional<Step> Next(const Asked& asked);
-  std::optional<QString> FileDialog(Kind kind, const QString& title, const QString& start_dir,
-                                    const QStringList& name_filters);
+  std::optional<QString> FileDialog(const Asked& prompt) {
+    const std::optional<Step> step = Next(prompt);
+    return step ? step->path : std::nullopt;
+  }
 
   std::deque<Step> script_;
 };

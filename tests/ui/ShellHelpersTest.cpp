@@ -5,12 +5,9 @@
 namespace kartova::test {
 namespace {
 
-const QString kSubscript =
-    QString::fromUtf8("Laufzeitfehler '9': Index außerhalb des gültigen Bereichs");
-
 TEST(HandlerBoundaryTest, ErrorsEndTheHandlerWithTheirMessage) {
   ScriptedPrompter prompter;
-  prompter.ExpectMessage(kSubscript);
+  prompter.ExpectMessage(SubscriptMessage());
   prompter.ExpectMessage(QString::fromStdString(RuntimeError::Overflow().GermanMessage()));
   prompter.ExpectMessage("");
   int steps = 0;
@@ -30,21 +27,16 @@ using GuardedHandlerTest = MainWindowTest;
 
 TEST_F(GuardedHandlerTest, TheWindowKeepsRunningAfterAnError) {
   ObservedMainWindow& window = StartWindow();
-  prompter_.ExpectMessage(kSubscript);
+  prompter_.ExpectMessage(SubscriptMessage());
   window.Guarded([] { throw RuntimeError::SubscriptOutOfRange(); });
   Click("mnuShowDirLine");
   EXPECT_EQ(Registry("ShowDirLine"), "0");
 }
 
-TEST(StartupOptionsTest, RomPathDefinitionsAndUnknownOptions) {
-  const StartupOptions options = ParseStartupOptions(
-      {"--verbose", "--definitions", "demo.ini", "-x", "demo.gbc", "zweite.gbc"});
+TEST(StartupOptionsTest, TheFirstPathIsTheRomAndEverythingElseIsPassedOver) {
+  const StartupOptions options = ParseStartupOptions({"--verbose", "-x", "demo.gbc", "zweite.gbc"});
   EXPECT_EQ(options.rom_path, "demo.gbc");
-  EXPECT_EQ(options.definitions_file, "demo.ini");
   EXPECT_EQ(options.ignored, QStringList({"--verbose", "-x", "zweite.gbc"}));
-  EXPECT_EQ(ParseStartupOptions({"--definitions=a.ini"}).definitions_file, "a.ini");
-  const StartupOptions dangling = ParseStartupOptions({"--definitions"});
-  EXPECT_TRUE(dangling.definitions_file.isEmpty() && dangling.rom_path.isEmpty());
 }
 
 TEST(FileExistsTest, FilesDirectoriesAndWildcards) {

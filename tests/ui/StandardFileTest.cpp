@@ -21,24 +21,19 @@ class StandardFileTest : public MainWindowTest {
   }
 };
 
-TEST_F(StandardFileTest, AnExistingStandardFileIsOpenedAtStartup) {
-  const std::string rom = MakeRom("spiel.gbc");
-  PresetRegistry("StdFile", rom);
-  ObservedMainWindow& window = StartWindow();
-  EXPECT_TRUE(Enabled("mnuStdLoad") && Enabled("mnuStdClear"));
-  ASSERT_EQ(window.opened_paths.size(), 1u);
-  EXPECT_EQ(window.opened_paths[0].toStdString(), rom);
-}
-
 TEST_F(StandardFileTest, WithoutAutoLoadTheStandardFileWaitsForItsItem) {
   const std::string rom = MakeRom("spiel.gbc");
   PresetRegistry("StdFile", rom);
   PresetRegistry("AutoLoad", "0");
   ObservedMainWindow& window = StartWindow();
   EXPECT_TRUE(window.opened_paths.empty());
+  EXPECT_FALSE(Checked("mnuStdAutoLoad"));
   Click("mnuStdLoad");
   ASSERT_EQ(window.opened_paths.size(), 1u);
   EXPECT_EQ(window.rom_path().toStdString(), rom);
+  Click("mnuStdAutoLoad");
+  EXPECT_TRUE(Checked("mnuStdAutoLoad"));
+  EXPECT_EQ(Registry("AutoLoad"), "1");
 }
 
 TEST_F(StandardFileTest, AMissingStandardFileLeavesTheDesignState) {
@@ -66,13 +61,10 @@ TEST_F(StandardFileTest, SetAndClearUpdateItemsTitleAndSetting) {
   EXPECT_EQ(Registry("StdFile"), "");
   EXPECT_TRUE(Enabled("mnuStdSet"));
   EXPECT_FALSE(Enabled("mnuStdClear") || Enabled("mnuStdLoad"));
-}
 
-TEST_F(StandardFileTest, ClearingAfterTheRomWasDeletedKeepsSetDisabled) {
-  StartWindow();
-  const QString rom = OpenFakeRom("karte.gbc");
+  // Cleared after the ROM was deleted, Set stays disabled.
   Click("mnuStdSet");
-  std::filesystem::remove(rom.toStdString());
+  std::filesystem::remove(window.rom_path().toStdString());
   Click("mnuStdClear");
   EXPECT_FALSE(Enabled("mnuStdSet"));
 }
@@ -90,13 +82,6 @@ TEST_F(StandardFileTest, TitleNeedsASeparatorInThePath) {
   window.set_rom_path("ohne-pfad.gbc");
   window.SetWindowTitle();
   EXPECT_EQ(window.windowTitle(), "Kartova v1.38 - alt.gbc");
-}
-
-TEST_F(StandardFileTest, AutoLoadToggleStores) {
-  StartWindow();
-  Click("mnuStdAutoLoad");
-  EXPECT_FALSE(Checked("mnuStdAutoLoad"));
-  EXPECT_EQ(Registry("AutoLoad"), "0");
 }
 
 }  // namespace

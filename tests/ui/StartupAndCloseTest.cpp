@@ -76,36 +76,31 @@ TEST_F(StartupTest, UnreadableSizesEndAtTheMinimum) {
 
 using CloseTest = MainWindowTest;
 
-TEST_F(CloseTest, ExitWritesTheGeometryKeys) {
-  ObservedMainWindow& window = StartWindow();
-  window.resize(PixelsX(9600), PixelsY(8400));
-  window.move(PixelsX(600), PixelsY(750));
-  QCoreApplication::processEvents();
-  Click("mnuExit");
-  EXPECT_FALSE(window.isVisible());
-  EXPECT_EQ(Registry("WindowState"), "0");
-  EXPECT_EQ(Registry("WinSizeX"), TwipsTextX(PixelsX(9600)));
-  EXPECT_EQ(Registry("WinSizeY"), TwipsTextY(PixelsY(8400)));
-  EXPECT_EQ(Registry("WinPosX"), TwipsTextX(PixelsX(600)));
-  EXPECT_EQ(Registry("WinPosY"), TwipsTextY(PixelsY(750)));
+// Maximised, the normal size is kept and the maximised position written.
+TEST_F(CloseTest, ClosingWritesTheGeometryKeys) {
+  for (bool maximised : {false, true}) {
+    SCOPED_TRACE(maximised);
+    ObservedMainWindow& window = StartWindow();
+    window.resize(PixelsX(9600), PixelsY(8400));
+    window.move(PixelsX(600), PixelsY(750));
+    QCoreApplication::processEvents();
+    if (maximised) {
+      window.showMaximized();
+      QCoreApplication::processEvents();
+      ASSERT_TRUE(window.isMaximized());
+      ASSERT_NE(window.pos(), QPoint(PixelsX(600), PixelsY(750)));
+      window.close();
+    } else {
+      Click("mnuExit");
+    }
+    EXPECT_FALSE(window.isVisible());
+    EXPECT_EQ(Registry("WindowState"), maximised ? "2" : "0");
+    EXPECT_EQ(Registry("WinSizeX"), TwipsTextX(PixelsX(9600)));
+    EXPECT_EQ(Registry("WinSizeY"), TwipsTextY(PixelsY(8400)));
+    EXPECT_EQ(Registry("WinPosX"), TwipsTextX(maximised ? window.x() : PixelsX(600)));
+    EXPECT_EQ(Registry("WinPosY"), TwipsTextY(maximised ? window.y() : PixelsY(750)));
+  }
   EXPECT_EQ(Ini("WinSizeX"), "<none>");
-}
-
-TEST_F(CloseTest, ClosingMaximisedKeepsTheNormalSizeAndTheMaximisedPosition) {
-  ObservedMainWindow& window = StartWindow();
-  window.resize(PixelsX(9600), PixelsY(8400));
-  window.move(PixelsX(600), PixelsY(750));
-  QCoreApplication::processEvents();
-  window.showMaximized();
-  QCoreApplication::processEvents();
-  ASSERT_TRUE(window.isMaximized());
-  ASSERT_NE(window.pos(), QPoint(PixelsX(600), PixelsY(750)));
-  window.close();
-  EXPECT_EQ(Registry("WindowState"), "2");
-  EXPECT_EQ(Registry("WinSizeX"), TwipsTextX(PixelsX(9600)));
-  EXPECT_EQ(Registry("WinSizeY"), TwipsTextY(PixelsY(8400)));
-  EXPECT_EQ(Registry("WinPosX"), TwipsTextX(window.x()));
-  EXPECT_EQ(Registry("WinPosY"), TwipsTextY(window.y()));
 }
 
 TEST_F(CloseTest, AStoredMaximisedStateIsRestoredOverTheNormalSize) {
