@@ -28,10 +28,12 @@ class ScriptedPrompter : public Prompter {
 
   // The next prompt is a message with this text (any text when empty).
   void ExpectMessage(const QString& text, Answer answer = Answer::kOk) {
-    script_.push_back({Kind::kMessage, text, answer, std::nullopt});
+    script_.push_back({Kind::kMessage, text, answer, {}, false});
   }
   // The next prompt is the open dialog; nullopt cancels it.
-  void ExpectOpenFile(std::optional<QString> path) { script_.push_back({Kind::kOpenFile, {}, {}, path}); }
+  void ExpectOpenFile(const std::optional<QString>& path) {
+    script_.push_back({Kind::kOpenFile, {}, {}, path.value_or(QString()), path.has_value()});
+  }
 
   Answer Message(const QString& text, const QString& title, Buttons buttons, Icon icon) override;
   std::optional<QString> OpenFile(const QString& title, const QString& start_dir,
@@ -52,12 +54,14 @@ class ScriptedPrompter : public Prompter {
     Kind kind;
     QString text;
     Answer answer;
-    std::optional<QString> path;
+    QString path;  // the file chosen in a dialog, when chosen
+    bool chosen;
   };
   std::optional<Step> Next(const Asked& asked);
   std::optional<QString> FileDialog(const Asked& prompt) {
     const std::optional<Step> step = Next(prompt);
-    return step ? step->path : std::nullopt;
+    if (step && step->chosen) return step->path;
+    return std::nullopt;
   }
 
   std::deque<Step> script_;
