@@ -84,7 +84,6 @@ void ConnectionFrame::BuildLayout() {
   auto* selectors = new QHBoxLayout;
   for (QRadioButton* selector : selectors_) selectors->addWidget(selector);
   selectors->addStretch(1);
-  selectors->addWidget(connection_list_);
   grid->addLayout(selectors, 0, 0, 1, 5);
 
   const auto label = [this](const char* caption) {
@@ -105,6 +104,8 @@ void ConnectionFrame::BuildLayout() {
   grid->addWidget(box(17), 4, 2);
   grid->addWidget(label("Fenster:"), 5, 0);
   grid->addWidget(box(18), 5, 1);
+  grid->addWidget(label("Vorhanden:"), 5, 2, Qt::AlignRight);
+  grid->addWidget(connection_list_, 5, 3, 1, 2, Qt::AlignLeft);
 
   auto* buttons = new QHBoxLayout;
   for (QPushButton* button : commands_) buttons->addWidget(button);

@@ -76,21 +76,24 @@ LinkDataFrame::LinkDataFrame(QWidget* parent)
   grid_text_->on_key = [this](int key_code) { PressKey(key_code); };
   grid_text_->on_click = [this] { ClickGrid(); };
 
+  // The grid takes the frame's width; the read-outs of the selected cell stand below it.
   auto* grid = new QGridLayout(this);
   grid->setHorizontalSpacing(6);
   grid->setVerticalSpacing(3);
-  grid->addWidget(grid_text_, 0, 0, 5, 1);
+  grid->addWidget(grid_text_, 0, 0, 1, 5);
   for (int i = 0; i < 4; ++i) {
     auto* field = new QLineEdit(this);
     field->setObjectName(QStringLiteral("Text%1").arg(i + 7));
     field->setReadOnly(true);
-    field->setMaximumWidth(field->fontMetrics().horizontalAdvance(QStringLiteral("-0000")) + 16);
+    field->setFixedWidth(field->fontMetrics().horizontalAdvance(QStringLiteral("-0000")) + 16);
     fields_[static_cast<size_t>(i)] = field;
-    grid->addWidget(new QLabel(QString::fromLatin1(kFieldCaptions[i]), this), i, 1);
-    grid->addWidget(field, i, 2);
+    const int row = 1 + i / 2;
+    const int column = (i % 2) * 2;
+    grid->addWidget(new QLabel(QString::fromLatin1(kFieldCaptions[i]), this), row, column);
+    grid->addWidget(field, row, column + 1);
   }
-  grid->setRowStretch(4, 1);
-  grid->setColumnStretch(0, 1);
+  grid->setRowStretch(0, 1);
+  grid->setColumnStretch(4, 1);
   setEnabled(false);
 }
 

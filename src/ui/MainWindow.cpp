@@ -6,6 +6,7 @@
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QMenuBar>
+#include <QScrollArea>
 #include <QStackedWidget>
 #include <QStatusBar>
 #include <QTabBar>
@@ -95,8 +96,14 @@ void MainWindow::BuildCentralArea() {
   event_page_ = new EventPage;
   wuselix_page_ = new WuselixPage;
   header_page_ = new HeaderPage(*this);
+  // The header page needs more room than the smallest window has: there it scrolls rather
+  // than cutting its captions.
+  auto* header_scroller = new QScrollArea;
+  header_scroller->setFrameShape(QFrame::NoFrame);
+  header_scroller->setWidgetResizable(true);
+  header_scroller->setWidget(header_page_);
   for (QWidget* page :
-       std::initializer_list<QWidget*>{map_page_, event_page_, wuselix_page_, header_page_})
+       std::initializer_list<QWidget*>{map_page_, event_page_, wuselix_page_, header_scroller})
     pages_->addWidget(page);
   pane_layout->addWidget(pages_);
   layout->addWidget(pane, 1);
