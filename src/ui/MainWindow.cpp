@@ -31,9 +31,10 @@ constexpr const char* kSettings = "Settings";
 
 constexpr const char* kTabCaptions[] = {" Map ", " Events ", " Wuselix data ", " Mapheader "};
 
-// Commands whose behaviour this build does not have yet: they are shown, but cannot be chosen.
+// Commands whose behaviour this build does not have yet: they are shown, but cannot be chosen,
+// not even once a ROM is open.
 constexpr const char* kUnwiredItems[] = {
-    "mnuSaveFull", "mnuSaveMap", "mnuSaveEvents",
+    "mnuSaveFull", "mnuSaveMap", "mnuSaveEvents", "mnuSaveAs", "mnuMapExp", "mnuMapImp",
 };
 
 constexpr const char* kApplyTitle = "Änderungen übernehmen?";

@@ -105,6 +105,7 @@ void MainWindow::EnableRomMenus() {
   menu_->SetEnabled("mnuSave", !document_.ReadOnly());
   for (const char* item : {"mnuSaveAs", "mnuReload", "mnuMapExp", "mnuMapImp"})
     menu_->SetEnabled(item, true);
+  MarkUnwiredItems();
 }
 
 void MainWindow::SelectBankAfterOpen() {
