@@ -30,15 +30,13 @@ TEST(TileSheetTest, DecodesPlanesPaletteNibblesAndJumpsFromRow5ToRow8) {
   sheet.Set(0, 48, 0xEE);
   DecodeTiles(buffer, 3, map, sheet, wide);  // an odd length: all 224 slots
 
-  EXPECT_EQ(sheet.At(0, 0), 2 * 4 + 3);
-  EXPECT_EQ(sheet.At(1, 0), 2 * 4 + 2);
-  EXPECT_EQ(sheet.At(2, 0), 2 * 4 + 0);
-  EXPECT_EQ(sheet.At(7, 0), 2 * 4 + 1);
-  EXPECT_EQ(sheet.At(8, 3), 5 * 4 + 1);
+  // Colour index = palette × 4 + the two plane bits.
+  const int pixels[][3] = {{0, 0, 2 * 4 + 3}, {1, 0, 2 * 4 + 2}, {2, 0, 2 * 4 + 0}, {7, 0, 2 * 4 + 1},
+                           {8, 3, 5 * 4 + 1}, {0, 64, 3 * 4 + 3}, {127, 127, 1 * 4 + 3}};
+  for (const auto& [x, y, want] : pixels)
+    EXPECT_EQ(sheet.At(x, y), want) << x << "," << y;
   EXPECT_EQ(wide.At(14, 0), 2 * 4 + 1);
   EXPECT_EQ(wide.At(15, 0), 2 * 4 + 1);
-  EXPECT_EQ(sheet.At(0, 64), 3 * 4 + 3);
-  EXPECT_EQ(sheet.At(127, 127), 1 * 4 + 3);
   EXPECT_EQ(sheet.At(0, 48), 0xEE);  // tiles 0x60..0x7F are never decoded
 }
 

@@ -40,7 +40,6 @@ class RomDocumentTest : public ::testing::Test {
                 .BuildWithLayout();
     test::WriteFileBytes(path, world.bytes);
   }
-  Bytes At(std::int64_t offset, int n) const { return {world.bytes.begin() + offset, world.bytes.begin() + offset + n}; }
 
   test::TempDir dir;
   std::string path = dir.File("world.gbc");
@@ -163,7 +162,7 @@ TEST_F(RomDocumentTest, ChangesOnDiskAreSeenByTheNextOperation) {
 
   // Cut in front of the header lists: the header reads find nothing and leave the buffers.
   const Bytes primary = Of(doc.Primary());
-  test::WriteFileBytes(path, At(0, 0x94000));
+  test::WriteFileBytes(path, Bytes(world.bytes.begin(), world.bytes.begin() + 0x94000));
   doc.LoadSelectedMap(0, 1);
   EXPECT_EQ(Of(doc.Primary()), primary);
   doc.OpenRom(path, settings);

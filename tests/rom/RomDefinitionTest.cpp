@@ -66,10 +66,8 @@ TEST_F(RomDefinitionTest, HeaderLengthSetsTheExtraByteNamesAndTheSelector) {
   RomDefinition def = Read();
   EXPECT_EQ(def.extra_byte_max, 3);
   EXPECT_TRUE(def.extra_bytes_visible);
-  EXPECT_EQ(def.extra_header_byte_names[0], "Flags:");
-  EXPECT_EQ(def.extra_header_byte_names[1], "Res:");
-  EXPECT_EQ(def.extra_header_byte_names[2], ":");
-  EXPECT_EQ(def.extra_header_byte_names[3], "Res:");
+  EXPECT_EQ(std::vector(def.extra_header_byte_names.begin(), def.extra_header_byte_names.begin() + 4),
+            (std::vector<std::string>{"Flags:", "Res:", ":", "Res:"}));
 
   settings_.Set(kAb, "HeaderLengthA", "7");  // the selector limit is taken before the clamp
   def = Read();

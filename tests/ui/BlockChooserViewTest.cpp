@@ -18,7 +18,6 @@ class BlockChooserViewTest : public EditorTest {
   void Move(QPoint p) { QTest::mouseMove(Picture(), p); }
   void Press(QPoint p) { QTest::mousePress(Picture(), Qt::LeftButton, {}, p); }
   void Release(QPoint p) { QTest::mouseRelease(Picture(), Qt::LeftButton, {}, p); }
-  QPoint MarkerAt(const FrameMarker* marker) const { return marker->pos(); }
 };
 
 TEST_F(BlockChooserViewTest, NothingIsPickedBeforeTheFirstMap) {
@@ -41,18 +40,18 @@ TEST_F(BlockChooserViewTest, HoverPressAndDragPickBlocksWithTheirStatusTexts) {
 
   Move({40, 5});
   EXPECT_EQ(Panel(4), "Block: 01");
-  EXPECT_EQ(MarkerAt(Chooser().hover_marker()), QPoint(32, 0));
+  EXPECT_EQ(Chooser().hover_marker()->pos(), QPoint(32, 0));
   EXPECT_EQ(Panel(5), "Auswahl: ");
   Press({40, 5});
   EXPECT_EQ(Panel(5), "Auswahl: 01");
   EXPECT_EQ(Chooser().SelectedBlock(), 1);
-  EXPECT_EQ(MarkerAt(Chooser().selection_marker()), QPoint(32, 0));
+  EXPECT_EQ(Chooser().selection_marker()->pos(), QPoint(32, 0));
 
   // Dragging keeps picking, also beyond the picture's edge (the position is clamped).
   Move({10, 200});
   EXPECT_EQ(Panel(4), "Block: 0C");
   EXPECT_EQ(Panel(5), "Auswahl: 0C");
-  EXPECT_EQ(MarkerAt(Chooser().selection_marker()), QPoint(0, 192));
+  EXPECT_EQ(Chooser().selection_marker()->pos(), QPoint(0, 192));
   Move({90, 70});
   EXPECT_EQ(Chooser().SelectedBlock(), 5);
   Release({90, 70});
@@ -60,7 +59,7 @@ TEST_F(BlockChooserViewTest, HoverPressAndDragPickBlocksWithTheirStatusTexts) {
   Move({5, 70});
   EXPECT_EQ(Panel(4), "Block: 04");
   EXPECT_EQ(Panel(5), "Auswahl: 05");
-  EXPECT_EQ(MarkerAt(Chooser().hover_marker()), QPoint(0, 64));
+  EXPECT_EQ(Chooser().hover_marker()->pos(), QPoint(0, 64));
 }
 
 TEST_F(BlockChooserViewTest, ScrollingRedrawsAndMovesTheMarkersByTheChoosersRule) {
@@ -76,7 +75,7 @@ TEST_F(BlockChooserViewTest, ScrollingRedrawsAndMovesTheMarkersByTheChoosersRule
   // The hover text follows the scroll without a mouse move: the same spot shows another block.
   bar->setValue(100);
   EXPECT_EQ(Panel(4), "Block: 09");  // row (40 + 100) / 32 = 4
-  EXPECT_EQ(MarkerAt(Chooser().hover_marker()), QPoint(32, 4 * 32 - 100));
+  EXPECT_EQ(Chooser().hover_marker()->pos(), QPoint(32, 4 * 32 - 100));
   EXPECT_EQ(Shot(Picture()).pixel(20, 20), ExpectedChooserColour(Document(), 1, 100, 20, 20));
   const BlockChooser rule(1);
   EXPECT_EQ(Chooser().selection_marker()->y(), rule.SelectionMarkerTop(3, 100, Picture()->height()));

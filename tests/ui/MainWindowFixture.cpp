@@ -36,4 +36,19 @@ void MainWindowTest::Click(const char* item) {
   action->trigger();
 }
 
+std::string MainWindowTest::CheckedItems() const {
+  QStringList names;
+  for (const QString& item : window_->menu().ItemNames())
+    if (window_->menu().Checked(item)) names << item + " ";
+  names.sort();
+  return names.join("").toStdString();
+}
+
+std::string MainWindowTest::EnabledAmong(std::initializer_list<const char*> items) const {
+  std::string names;
+  for (const char* item : items)
+    if (Enabled(item)) names += std::string(item) + " ";
+  return names;
+}
+
 }  // namespace kartova::test

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <initializer_list>
 #include <memory>
 #include <string>
 #include <vector>
@@ -46,6 +47,10 @@ class MainWindowTest : public ::testing::Test {
   void Click(const char* item);
   bool Checked(const char* item) const { return window_->menu().Checked(item); }
   bool Enabled(const char* item) const { return window_->menu().Enabled(item); }
+  // Every checked item of the menu in name order, and the enabled ones among items in their
+  // order; each name followed by a blank.
+  std::string CheckedItems() const;
+  std::string EnabledAmong(std::initializer_list<const char*> items) const;
 
   int PixelsX(double twips) const { return window_->placement().ToPixelsX(twips); }
   int PixelsY(double twips) const { return window_->placement().ToPixelsY(twips); }

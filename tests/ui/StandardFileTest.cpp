@@ -12,6 +12,7 @@ class StandardFileTest : public MainWindowTest {
     WriteFileBytes(path, std::vector<std::uint8_t>(0x200, 0));
     return path;
   }
+  std::string EnabledStdItems() const { return EnabledAmong({"mnuStdSet", "mnuStdLoad", "mnuStdClear"}); }
   // Makes a ROM current the way opening it does.
   QString OpenFakeRom(const std::string& name) {
     window_->set_rom_path(QString::fromStdString(MakeRom(name)));
@@ -39,7 +40,7 @@ TEST_F(StandardFileTest, WithoutAutoLoadTheStandardFileWaitsForItsItem) {
 TEST_F(StandardFileTest, AMissingStandardFileLeavesTheDesignState) {
   PresetRegistry("StdFile", dir_.File("weg.gbc"));
   ObservedMainWindow& window = StartWindow();
-  EXPECT_FALSE(Enabled("mnuStdLoad") || Enabled("mnuStdClear") || Enabled("mnuStdSet"));
+  EXPECT_EQ(EnabledStdItems(), "");
   EXPECT_TRUE(window.opened_paths.empty());
 }
 
@@ -50,23 +51,21 @@ TEST_F(StandardFileTest, SetAndClearUpdateItemsTitleAndSetting) {
   Click("mnuStdSet");
   EXPECT_EQ(window.windowTitle(), "Kartova v1.38 - karte.gbc (Standard)");
   EXPECT_EQ(Registry("StdFile"), rom.toStdString());
-  EXPECT_TRUE(Enabled("mnuStdClear"));
-  EXPECT_FALSE(Enabled("mnuStdSet") || Enabled("mnuStdLoad"));
+  EXPECT_EQ(EnabledStdItems(), "mnuStdClear ");
 
   OpenFakeRom("andere.gb");
   EXPECT_EQ(window.windowTitle(), "Kartova v1.38 - andere.gb");
-  EXPECT_TRUE(Enabled("mnuStdSet") && Enabled("mnuStdLoad"));
+  EXPECT_EQ(EnabledStdItems(), "mnuStdSet mnuStdLoad mnuStdClear ");
 
   Click("mnuStdClear");
   EXPECT_EQ(Registry("StdFile"), "");
-  EXPECT_TRUE(Enabled("mnuStdSet"));
-  EXPECT_FALSE(Enabled("mnuStdClear") || Enabled("mnuStdLoad"));
+  EXPECT_EQ(EnabledStdItems(), "mnuStdSet ");
 
   // Cleared after the ROM was deleted, Set stays disabled.
   Click("mnuStdSet");
   std::filesystem::remove(window.rom_path().toStdString());
   Click("mnuStdClear");
-  EXPECT_FALSE(Enabled("mnuStdSet"));
+  EXPECT_EQ(EnabledStdItems(), "");
 }
 
 TEST_F(StandardFileTest, TitleNeedsASeparatorInThePath) {
@@ -79,7 +78,7 @@ TEST_F(StandardFileTest, TitleNeedsASeparatorInThePath) {
   window.set_rom_path("C:\\Roms\\alt.gbc");
   window.SetWindowTitle();
   EXPECT_EQ(window.windowTitle(), "Kartova v1.38 - alt.gbc");
-  window.set_rom_path("ohne-pfad.gbc");
+  window.set_rom_path("ohne-pfad.gbc");  // no separator: the title stays
   window.SetWindowTitle();
   EXPECT_EQ(window.windowTitle(), "Kartova v1.38 - alt.gbc");
 }

@@ -1,5 +1,8 @@
 #include <QSignalSpy>
 #include <clocale>
+#include <sstream>
+#include <string>
+#include <tuple>
 
 #include "MainWindowFixture.h"
 
@@ -8,48 +11,35 @@ namespace {
 
 using ScrollSpeedTest = MainWindowTest;
 
-TEST_F(ScrollSpeedTest, StoredSpeedsCheckTheirItems) {
-  PresetRegistry("ScrollSpeed", "-2");
-  StartWindow();
-  EXPECT_TRUE(Checked("mnuScrSpeedFast") && Checked("mnuScrSpeedSign"));
-  EXPECT_FALSE(Checked("mnuScrSpeedNormal") || Checked("mnuScrSpeedSlow"));
-
-  PresetRegistry("ScrollSpeed", "1.5");
-  ObservedMainWindow& window = StartWindow();
-  EXPECT_FALSE(Checked("mnuScrSpeedFast") || Checked("mnuScrSpeedNormal") ||
-               Checked("mnuScrSpeedSlow") || Checked("mnuScrSpeedSign"));
-  Click("mnuScrSpeedSign");
-  EXPECT_FLOAT_EQ(window.scroll_speed(), -1.5f);
-  EXPECT_EQ(Registry("ScrollSpeed"), "-1.5");
-}
-
-TEST_F(ScrollSpeedTest, SpeedChangesKeepTheDisplaySign) {
-  // Stored in a German locale, where printf would write a comma.
-  std::setlocale(LC_NUMERIC, "de_DE.UTF-8");
-  ObservedMainWindow& window = StartWindow();
-  Click("mnuScrSpeedFast");
-  EXPECT_EQ(Registry("ScrollSpeed"), "2");
-  Click("mnuScrSpeedSign");
-  EXPECT_TRUE(Checked("mnuScrSpeedSign"));
-  EXPECT_EQ(Registry("ScrollSpeed"), "-2");
-  Click("mnuScrSpeedSlow");
+TEST_F(ScrollSpeedTest, ItemsFollowTheSpeedAndChangesKeepTheDisplaySign) {
+  // The stored speed and clicks on mnuScrSpeed<name>; then the speed, its stored text and the
+  // speed items checked.
+  const std::tuple<const char*, const char*, float, const char*, const char*> cases[] = {
+      {"-2", "", -2, "-2", "Fast Sign "},
+      {"1.5", "", 1.5f, "1.5", ""},  // no speed item fits
+      {"1.5", "Sign", -1.5f, "-1.5", "Sign "},
+      {"1", "Fast", 2, "2", "Fast "},
+      {"1", "Fast Sign", -2, "-2", "Fast Sign "},
+      {"1", "Fast Sign Slow", -0.5f, "-0.5", "Slow Sign "},
+      {"1", "Fast Sign Slow Slow", -0.5f, "-0.5", "Slow Sign "},
+      {"schnell", "Fast", 0, "0", "Fast "},  // a speed of zero stays zero
+      {"schnell", "Fast Sign", 0, "0", "Fast Sign "},
+  };
+  std::setlocale(LC_NUMERIC, "de_DE.UTF-8");  // where printf would write a comma
+  for (auto [stored, clicks, speed, text, checked] : cases) {
+    SCOPED_TRACE(std::string(stored) + " then " + clicks);
+    PresetRegistry("ScrollSpeed", stored);
+    ObservedMainWindow& window = StartWindow();
+    std::istringstream names(clicks);
+    for (std::string name; names >> name;) Click(("mnuScrSpeed" + name).c_str());
+    std::string now;
+    for (std::string name : {"Fast", "Normal", "Slow", "Sign"})
+      if (Checked(("mnuScrSpeed" + name).c_str())) now += name + " ";
+    EXPECT_FLOAT_EQ(window.scroll_speed(), speed);
+    EXPECT_EQ(Registry("ScrollSpeed"), text);
+    EXPECT_EQ(now, checked);
+  }
   std::setlocale(LC_NUMERIC, "C");
-  EXPECT_FLOAT_EQ(window.scroll_speed(), -0.5f);
-  EXPECT_EQ(Registry("ScrollSpeed"), "-0.5");
-  EXPECT_TRUE(Checked("mnuScrSpeedSlow"));
-  EXPECT_FALSE(Checked("mnuScrSpeedFast") || Checked("mnuScrSpeedNormal"));
-  Click("mnuScrSpeedSlow");
-  EXPECT_TRUE(Checked("mnuScrSpeedSlow"));
-}
-
-TEST_F(ScrollSpeedTest, ASpeedOfZeroStaysZero) {
-  PresetRegistry("ScrollSpeed", "schnell");
-  StartWindow();
-  Click("mnuScrSpeedFast");
-  EXPECT_TRUE(Checked("mnuScrSpeedFast"));
-  EXPECT_EQ(Registry("ScrollSpeed"), "0");
-  Click("mnuScrSpeedSign");
-  EXPECT_EQ(Registry("ScrollSpeed"), "0");
 }
 
 using ViewOptionTest = MainWindowTest;
