@@ -3,6 +3,7 @@
 #include <filesystem>
 #include <utility>
 
+#include "maps/HeaderBytesEdit.h"
 #include "maps/MapNames.h"
 #include "rom/Address.h"
 #include "rom/RomFile.h"
@@ -36,6 +37,13 @@ void RomDocument::OpenRom(const std::string& path, const SettingsReader& setting
   last_system_reads_ = rom.SystemReads();
   rom.Close();
 
+  if (path != rom_path_) {
+    selected_bank_ = -1;
+    selected_map_ = -1;
+    EndStroke();
+    history_.Clear();
+    ResetSavedState();
+  }
   rom_path_ = path;
   read_only_ = IsReadOnlyFile(path);
   definition_ = std::move(definition);
@@ -66,13 +74,26 @@ MapLoadResult RomDocument::LoadSelectedMap(int bank, int map, const MapLoadListe
     result.steps.push_back(step);
     if (listener) listener(step);
   };
+  EndStroke();
+  history_.CloseGesture();
+  // Discarding header edits is a step of its own that can be undone; every other load
+  // replaces what the steps refer to, and the history starts anew.
+  const bool restoring = apply_mode_ == kApplyRestoreHeaders;
+  if (!restoring) history_.Clear();
+  const PrimaryHeaderBuffer primary_before = primary_;
+  const SecondaryHeaderBuffer secondary_before = secondary_;
   selected_bank_ = bank;
   selected_map_ = map;
   std::optional<RuntimeError> grid_error;
   RomFile rom = RomFile::OpenForRead(rom_path_);
   if (apply_mode_ != kApplyEditedHeaders && reload_scope_ == kReloadFull) {
     ReadHeaders(rom, bank, map);
+    saved_primary_ = primary_;
+    saved_secondary_ = secondary_;
     result.headers_read = true;
+    if (restoring)
+      history_.Push(std::make_unique<HeaderBytesEdit>("Header wiederherstellen", primary_before,
+                                                      secondary_before, primary_, secondary_));
   }
   DeriveMapValues();
   if (apply_mode_ != kApplyEditedHeaders) done(MapLoadStep::kHeaderPage);
@@ -122,17 +143,22 @@ void RomDocument::LoadTilesetStage(RomFile& rom) {
 }
 
 // The events stage: script header and event header with their six record lists.
-void RomDocument::LoadEventsStage(RomFile& /*rom*/) {}
+void RomDocument::LoadEventsStage(RomFile& rom) {
+  LoadMapEvents(rom, secondary_, events_);
+  saved_events_ = events_;
+}
 
 // The bordered block grid with the neighbours' strips and the connection list. A strip that
 // would land outside the grid ends the stage; the cells filled before it stay.
 std::optional<RuntimeError> RomDocument::BuildExtendedMapStage(RomFile& rom) {
+  std::optional<RuntimeError> error;
   try {
     BuildExtendedMap(rom, secondary_.bytes, definition_.header_length, grid_);
-  } catch (const RuntimeError& error) {
-    return error;
+  } catch (const RuntimeError& raised) {
+    error = raised;
   }
-  return std::nullopt;
+  RememberSavedBlocks();
+  return error;
 }
 
 bool RomDocument::SetTimeOfDay(int value, int bank) {

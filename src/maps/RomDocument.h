@@ -7,13 +7,19 @@
 #include <string>
 #include <vector>
 
+#include "events/MapEventSet.h"
 #include "gfx/ExtendedMap.h"
 #include "gfx/TilesetLoader.h"
+#include "maps/DocumentChange.h"
+#include "maps/EditHistory.h"
 #include "maps/MapBankTable.h"
 #include "maps/MapHeaders.h"
+#include "maps/PaintCellsEdit.h"
+#include "rom/FileRegion.h"
 #include "rom/GameTextTable.h"
 #include "rom/RomDefinition.h"
 #include "rom/RuntimeError.h"
+#include "rom/SafeFileWriter.h"
 #include "rom/SettingsReader.h"
 
 namespace kartova {
@@ -49,6 +55,21 @@ struct MapLoadResult {
   std::vector<MapLoadStep> steps;  // as reported to the listener
 };
 
+// What a save writes: the regions in the order they are written. A runtime error raised on
+// the way (the map bank out of range, a list too long to count in a byte) ends the list there;
+// what was collected before it is still written, as a save that stops midway leaves the
+// bytes written so far.
+struct SavePlan {
+  std::vector<FileRegion> regions;
+  std::optional<RuntimeError> error;
+};
+
+// What a .map import read.
+struct MapImport {
+  DocumentChange change;
+  std::size_t blocks_read = 0;  // block bytes taken from the file
+};
+
 // The open ROM and the current map. The GUI and the command line both drive this one class;
 // it holds everything decoded from the ROM, and every operation opens the file, reads what it
 // needs and closes it again, so a change made on disk by another program is seen next time.
@@ -59,7 +80,9 @@ class RomDocument {
   // Makes the ROM at path current: its definition, the map bank table with the map count of
   // every bank and the 95 location names. A runtime error (a definition with HeaderLengthA
   // above 30, an overflow of a count or an offset) propagates and leaves the document exactly
-  // as it was, previous ROM and all. The file is created empty when it is missing.
+  // as it was, previous ROM and all. The file is created empty when it is missing. Another
+  // ROM than the current one leaves no map loaded: the buffers of the previous ROM's map must
+  // never be saved into it.
   void OpenRom(const std::string& path, const SettingsReader& settings);
 
   // The entries of the map list of bank (0..25): "name - b.n". A location byte above 94 ends
@@ -81,6 +104,8 @@ class RomDocument {
   MapLoadResult LoadSelectedMap(int bank, int map, const MapLoadListener& listener = {});
 
   bool IsOpen() const { return !rom_path_.empty(); }
+  // A map has been loaded from the current ROM (its buffers are what saving writes).
+  bool MapLoaded() const { return selected_bank_ >= 0; }
   const std::string& RomPath() const { return rom_path_; }
   // The file's read-only attribute at the last open: saving in place is not offered then.
   bool ReadOnly() const { return read_only_; }
@@ -105,10 +130,10 @@ class RomDocument {
   // error for another bank, the overflow error when the offset leaves 32 bits.
   std::int64_t HeaderOffset(int bank, int map) const;
 
-  PrimaryHeaderBuffer& Primary() { return primary_; }
   const PrimaryHeaderBuffer& Primary() const { return primary_; }
-  SecondaryHeaderBuffer& Secondary() { return secondary_; }
   const SecondaryHeaderBuffer& Secondary() const { return secondary_; }
+  // The events of the last events stage.
+  const MapEventSet& Events() const { return events_; }
 
   // Taken from the secondary header at every map load, edited or not.
   int MapHeight() const { return map_height_; }
@@ -125,7 +150,6 @@ class RomDocument {
   // The bordered block grid of the last grid stage with its connection rectangles; block
   // edits change it in place.
   const ExtendedMap& Grid() const { return grid_; }
-  ExtendedMap& Grid() { return grid_; }
 
   // The lighting the palettes are read for: 0..7, or 8 ("Auto") for the map header's own.
   int TimeOfDay() const { return time_of_day_; }
@@ -139,8 +163,72 @@ class RomDocument {
   // definition's own title read not counted).
   int LastSystemReads() const { return last_system_reads_; }
 
+  // ---- Edits ----------------------------------------------------------------------------
+  // Every change of the buffers goes through these, and each is a step of the history.
+
+  // A paint stroke: from the press of the button to its release, one step. PaintCell puts the
+  // block into a cell of the map itself (never the margin) and is true when the cell changed;
+  // it opens a stroke if none is open.
+  void BeginStroke();
+  bool PaintCell(int x, int y, std::uint8_t block);
+  void EndStroke();
+  bool StrokeOpen() const { return stroke_ != nullptr; }
+
+  // New contents of the header buffers, as the header page or the connection editor computed
+  // them from a typed value. text names the step; edits with the same gesture key join one
+  // step while the gesture is open (the keys typed into one box). Nothing changes, nothing is
+  // recorded.
+  DocumentChange EditHeaders(const PrimaryHeaderBuffer& primary, const SecondaryHeaderBuffer& secondary,
+                             std::string text, std::string gesture_key = {});
+  // The next edit starts a step of its own (the user moved to another box).
+  void CloseGesture() { history_.CloseGesture(); }
+
+  const EditHistory& History() const { return history_; }
+  DocumentChange Undo();
+  DocumentChange Redo();
+
+  // The buffers differ from what the ROM file held when they were read or last saved.
+  bool IsModified() const;
+
+  // ---- Saving ---------------------------------------------------------------------------
+
+  // The regions a save of the scope writes: for a full save both header buffers (the primary
+  // one where the map's header was read, the secondary one where the primary buffer points
+  // now), then the block rows at the block-data pointer, then the events; the map scope only
+  // the block rows, the events scope only the events. Nothing without a loaded map.
+  SavePlan SaveRegions(int scope) const;
+  // Writes the regions of the scope into the ROM safely (either the old file or the new one
+  // is on disk, never a mixture). FileWriteError when nothing could be written (the file is
+  // unchanged then); a runtime error of the plan after its regions were written.
+  void SaveRom(int scope);
+  // "Save as": a copy of the current ROM under path with a full save in it, in one safe
+  // write; from then on path is the current ROM.
+  void SaveRomAs(const std::string& path);
+  // Fault injection for the tests of failed saves.
+  void SetWriteFaultHook(WriteFaultHook hook) { write_fault_hook_ = std::move(hook); }
+
+  // ---- .map files -----------------------------------------------------------------------
+
+  // The layout of the map as a .map file: the marker 0xFF, then the rows from the top, width
+  // bytes each.
+  std::vector<std::uint8_t> MapFileBytes() const;
+  // Writes MapFileBytes at the start of path, safely; a longer file keeps its tail.
+  void ExportMap(const std::string& path) const;
+  // Reads rows of the map's width from path (after a leading 0xFF when there is one) into the
+  // map, one step of the history; a short file leaves the remaining cells as they were. A
+  // missing file is created empty and changes nothing. FileWriteError for a directory.
+  MapImport ImportMap(const std::string& path);
+
  private:
   void ReadHeaders(RomFile& rom, int bank, int map);
+  EditTarget Target() { return EditTarget{primary_, secondary_, grid_, events_}; }
+  void ResetSavedState();
+  void RememberSavedBlocks();
+  // After a successful save of the scope: those parts match the file now.
+  void MarkSaved(int scope);
+  bool BlocksModified() const;
+  void AppendHeaderRegions(std::vector<FileRegion>& regions) const;
+  void AppendBlockRegion(std::vector<FileRegion>& regions) const;
   void DeriveMapValues();
   // Later stages of a map load; each reads through the open file of the load.
   void LoadTilesetStage(RomFile& rom);
@@ -170,7 +258,19 @@ class RomDocument {
   // Large and kept from load to load; on the heap so that a document is cheap to hold.
   std::unique_ptr<TilesetGraphics> graphics_;
   ExtendedMap grid_;
+  MapEventSet events_;
   mutable int last_system_reads_ = 0;
+
+  EditHistory history_;
+  std::unique_ptr<PaintCellsEdit> stroke_;
+  // What the file holds for the parts of the map, as last read or saved.
+  PrimaryHeaderBuffer saved_primary_;
+  SecondaryHeaderBuffer saved_secondary_;
+  std::vector<std::uint8_t> saved_blocks_;  // the map's cells, row after row
+  int saved_width_ = 0;
+  int saved_height_ = 0;
+  MapEventSet saved_events_;
+  WriteFaultHook write_fault_hook_;
 };
 
 }  // namespace kartova

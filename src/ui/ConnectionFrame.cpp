@@ -272,7 +272,12 @@ void ConnectionFrame::FillConnectionList() {
 }
 
 void ConnectionFrame::StoreBoxEdit(int box_number, std::int32_t value) {
-  StoreConnectionEdit(window_->document().Secondary().bytes, Selectors(false), box_number, value);
+  RomDocument& document = window_->document();
+  SecondaryHeaderBuffer secondary = document.Secondary();
+  StoreConnectionEdit(secondary.bytes, Selectors(false), box_number, value);
+  document.EditHeaders(document.Primary(), secondary, "Anbindung ändern",
+                       "Header(" + std::to_string(box_number) + ")");
+  window_->DocumentEdited();
 }
 
 void ConnectionFrame::ClickShowDestination() {
@@ -294,12 +299,7 @@ void ConnectionFrame::ClickShowNeighbour(NeighbourMark mark) {
   const std::optional<NeighbourTarget> target = NeighbourTargetOf(bank, map, counts);
   if (!target) return;
 
-  MapSelector& selector = *window_->map_selector();
-  selector.SelectBank(target->bank_index);
-  window_->FillMapList();
-  if (target->map_index >= selector.map_count()) return;
-  selector.SelectMap(target->map_index);
-  window_->ClickMapList();
+  if (!window_->SwitchToMap(target->bank_index, target->map_index)) return;
 
   const RomDocument& document = window_->document();
   const int width = document.MapWidth();

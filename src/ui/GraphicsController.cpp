@@ -10,6 +10,7 @@
 #include "ui/FrameMarker.h"
 #include "ui/IndexedPictureBox.h"
 #include "ui/MainWindow.h"
+#include "ui/MapEditor.h"
 #include "ui/MapPage.h"
 #include "ui/MapSelector.h"
 #include "ui/MapView.h"
@@ -139,6 +140,8 @@ void GraphicsController::RenderMapView() {
     RecordDrawTime(started);
   } else {
     RenderView(*view, zoom);
+    // The status bar follows the scroll: the cell under the mouse may be another one now.
+    if (MapEditor* editor = window_.map_editor()) editor->RefreshHover();
   }
 }
 
@@ -175,6 +178,18 @@ void GraphicsController::RecordDrawTime(double started) {
 void GraphicsController::RedrawWholeView() {
   view_buffer_.Invalidate();
   RenderMapView();
+}
+
+void GraphicsController::PatchCell(int cx, int cy) {
+  if (window_.view_lock() != 0) return;
+  int block_size = 0, zoom = 1;
+  MapView* view = ActiveView(&block_size, &zoom);
+  // The buffer of another zoom is rebuilt at the next draw anyway.
+  if (!view || view_buffer_.BlockSize() != block_size) return;
+  view_buffer_.PatchBlock(document_.Grid(), document_.Blocks(), cx, cy);
+  const QRect square(cx * block_size - view_buffer_.Left(), cy * block_size - view_buffer_.Top(),
+                     block_size, block_size);
+  view->picture()->UpdateRegion(view_buffer_.Image(), square);
 }
 
 void GraphicsController::DrawBlockChooser() {

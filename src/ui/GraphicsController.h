@@ -33,6 +33,10 @@ class GraphicsController : public QObject {
   void RenderMapView();
   // Marks the whole view for redrawing (the buffer is rebuilt by the next draw) and draws.
   void RedrawWholeView();
+  // A block was placed into cell (cx, cy) of the grid: the cell is drawn into the view buffer
+  // in place and only its square is repainted on the view of the active tab; the rest of the
+  // view stays as it is.
+  void PatchCell(int cx, int cy);
   void DrawBlockChooser();
   // The scroll maxima of both views for the grid; the view lock is 2 meanwhile.
   void SetupHorizontalScroll();

@@ -175,11 +175,15 @@ void HeaderPage::ConnectEditors() {
   for (int i = 0; i < 20; ++i) {
     QLineEdit* box = header(i);
     connect(box, &QLineEdit::textChanged, this, [this, i](const QString& text) { ChangeHeaderBox(i, text); });
+    // Leaving a box ends its step: what is typed next, here or elsewhere, is a step of its own.
+    connect(box, &QLineEdit::editingFinished, this, [this] { window_.document().CloseGesture(); });
   }
   for (int i = 0; i < kCombos; ++i) {
     QComboBox* combo = combos_[static_cast<size_t>(i)];
     connect(combo, &QComboBox::editTextChanged, this,
             [this, i](const QString& text) { ChangeHeaderCombo(i, text); });
+    if (QLineEdit* line = combo->lineEdit())
+      connect(line, &QLineEdit::editingFinished, this, [this] { window_.document().CloseGesture(); });
     // A click in the list only forwards to the change event.
     connect(combo, &QComboBox::activated, this,
             [this, i, combo] { ChangeHeaderCombo(i, combo->currentText()); });
@@ -291,8 +295,16 @@ void HeaderPage::ChangeHeaderBox(int index, const QString& text) {
   window_.Guarded([&] {
     RomDocument& document = window_.document();
     const std::string typed = text.toStdString();
-    const HeaderFieldEdit edit = EditHeaderField(index, typed, window_.updating_controls(), extra_byte_,
-                                                 document.Primary(), document.Secondary());
+    // The edit is worked out on copies; the document takes the result as one step, and the
+    // keys typed into one box join that step.
+    PrimaryHeaderBuffer primary = document.Primary();
+    SecondaryHeaderBuffer secondary = document.Secondary();
+    const HeaderFieldEdit edit =
+        EditHeaderField(index, typed, window_.updating_controls(), extra_byte_, primary, secondary);
+    if (edit.stored) {
+      document.EditHeaders(primary, secondary, "Header ändern", "Header(" + std::to_string(index) + ")");
+      window_.DocumentEdited();
+    }
     if (edit.set_changes_pending) window_.set_changes_pending(true);
     if (edit.connection_flags) ShowConnectionChecks(*edit.connection_flags);
     if (edit.for_connection_editor) {
@@ -305,8 +317,14 @@ void HeaderPage::ChangeHeaderBox(int index, const QString& text) {
 
 void HeaderPage::ChangeHeaderCombo(int index, const QString& text) {
   window_.Guarded([&] {
-    const HeaderComboEdit edit =
-        EditHeaderCombo(index, text.toStdString(), window_.updating_controls(), window_.document().Primary());
+    RomDocument& document = window_.document();
+    PrimaryHeaderBuffer primary = document.Primary();
+    const HeaderComboEdit edit = EditHeaderCombo(index, text.toStdString(), window_.updating_controls(), primary);
+    if (edit.stored) {
+      document.EditHeaders(primary, document.Secondary(), "Header ändern",
+                           "HCombo(" + std::to_string(index) + ")");
+      window_.DocumentEdited();
+    }
     if (edit.set_changes_pending) window_.set_changes_pending(true);
   });
 }

@@ -3,6 +3,7 @@
 #include <QMouseEvent>
 #include <QPainter>
 #include <QResizeEvent>
+#include <cstring>
 
 #include "gfx/ColourTable.h"
 
@@ -33,6 +34,33 @@ void IndexedPictureBox::SetBuffer(const IndexedImage& buffer) {
   indices_ = buffer;
   dirty_ = true;
   update();
+}
+
+void IndexedPictureBox::UpdateRegion(const IndexedImage& buffer, const QRect& region) {
+  if (buffer.width != indices_.width || buffer.height != indices_.height) {
+    SetBuffer(buffer);
+    return;
+  }
+  const QRect area = region.intersected(QRect(0, 0, buffer.width, buffer.height));
+  if (area.isEmpty()) return;
+  const auto w = static_cast<std::size_t>(area.width());
+  for (int y = area.top(); y <= area.bottom(); ++y)
+    std::memcpy(indices_.Row(y) + area.left(), buffer.Row(y) + area.left(), w);
+  // A pending whole conversion covers the new pixels anyway.
+  if (!dirty_) ConvertRegion(area);
+  update(area.translated(-window_.topLeft()));
+}
+
+void IndexedPictureBox::ConvertRegion(const QRect& area) {
+  if (screen_.width() != indices_.width || screen_.height() != indices_.height) {
+    dirty_ = true;
+    return;
+  }
+  for (int y = area.top(); y <= area.bottom(); ++y) {
+    const std::uint8_t* src = indices_.Row(y);
+    auto* dst = reinterpret_cast<QRgb*>(screen_.scanLine(y));
+    for (int x = area.left(); x <= area.right(); ++x) dst[x] = lut_[src[x]];
+  }
 }
 
 void IndexedPictureBox::SetSourceWindow(const QRect& window) {

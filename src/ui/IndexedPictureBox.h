@@ -27,6 +27,10 @@ class IndexedPictureBox : public QWidget {
   void SetColourTable(const ColourTable& table);
   // Takes a copy of the buffer.
   void SetBuffer(const IndexedImage& buffer);
+  // Takes the pixels of one rectangle of a buffer of the same size as the one shown (a block
+  // placed into the cached view): only they are copied and turned into screen colours, and
+  // only their place on the picture is repainted. Another size takes the whole buffer.
+  void UpdateRegion(const IndexedImage& buffer, const QRect& region);
   // The part of the buffer shown at the picture's top-left corner: width × height pixels from
   // (x, y). What lies outside the buffer or the window shows the background.
   void SetSourceWindow(const QRect& window);
@@ -55,6 +59,7 @@ class IndexedPictureBox : public QWidget {
 
  private:
   void Convert();
+  void ConvertRegion(const QRect& region);
 
   bool dirty_ = false;
   IndexedImage indices_;

@@ -43,6 +43,11 @@ constexpr Entry kEntries[] = {
     {"mnuFile", Kind::kSeparator, nullptr, nullptr, true},
     {"mnuFile", Kind::kItem, "mnuExit", "E&xit", true},
 
+    // Undo and redo wait for a step to take back.
+    {nullptr, Kind::kMenu, "mnuEdit", "&Bearbeiten", true},
+    {"mnuEdit", Kind::kItem, "mnuUndo", "&Rückgängig", false},
+    {"mnuEdit", Kind::kItem, "mnuRedo", "&Wiederholen", false},
+
     {nullptr, Kind::kMenu, "mnuOptions", "&Options", true},
     {"mnuOptions", Kind::kCheckItem, "mnuMapZoom", "&Map zoom", true},
     {"mnuOptions", Kind::kCheckItem, "mnuEventZoom", "&Event Mode Zoom", true},

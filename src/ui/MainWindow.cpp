@@ -19,6 +19,7 @@
 #include "ui/FileExists.h"
 #include "ui/GraphicsController.h"
 #include "ui/HeaderPage.h"
+#include "ui/MapEditor.h"
 #include "ui/MapPage.h"
 #include "ui/MapSelector.h"
 #include "ui/Prompter.h"
@@ -30,12 +31,6 @@ namespace {
 constexpr const char* kSettings = "Settings";
 
 constexpr const char* kTabCaptions[] = {" Map ", " Events ", " Wuselix data ", " Mapheader "};
-
-// Commands whose behaviour this build does not have yet: they are shown, but cannot be chosen,
-// not even once a ROM is open.
-constexpr const char* kUnwiredItems[] = {
-    "mnuSaveFull", "mnuSaveMap", "mnuSaveEvents", "mnuSaveAs", "mnuMapExp", "mnuMapImp",
-};
 
 constexpr const char* kApplyTitle = "Änderungen übernehmen?";
 constexpr const char* kApplyText =
@@ -60,11 +55,13 @@ MainWindow::MainWindow(SettingsStore& settings, Prompter& prompter, QString prog
   BuildCentralArea();
   BuildStatusBar();
   graphics_ = new GraphicsController(*this);
+  map_editor_ = new MapEditor(*this);
   ConnectMenu();
-  MarkUnwiredItems();
 }
 
-MainWindow::~MainWindow() = default;
+// The pages go first, while the window is still whole: a box that loses the focus as it is
+// destroyed still reports to the document.
+MainWindow::~MainWindow() { delete takeCentralWidget(); }
 
 void MainWindow::BuildCentralArea() {
   auto* central = new QWidget(this);
@@ -115,7 +112,7 @@ void MainWindow::BuildCentralArea() {
   connect(map_selector_, &MapSelector::BankClicked, this,
           [this] { Guarded([this] { FillMapList(); }); });
   connect(map_selector_, &MapSelector::MapClicked, this,
-          [this] { Guarded([this] { ClickMapList(); }); });
+          [this] { Guarded([this] { ClickMapListByUser(); }); });
 }
 
 void MainWindow::BuildStatusBar() {
@@ -150,6 +147,8 @@ void MainWindow::ConnectMenu() {
   menu_->OnClick("mnuSavePropertyINI", this,
                  [this] { Guarded([this] { ClickSavePropertyKind(SettingsStore::kIni); }); });
   ConnectRomItems();
+  ConnectSaveItems();
+  ConnectEditItems();
   ConnectFileItems();
   ConnectViewOptionItems();
 }
@@ -176,10 +175,6 @@ void MainWindow::ConnectViewOptionItems() {
   on("mnuScrSpeedSlow", [options] { options->ClickScrollSpeed("mnuScrSpeedSlow"); });
   on("mnuScrSpeedSign", [options] { options->ClickScrollSpeedSign(); });
   on("mnuShowDirLine", [options] { options->ClickShowDirLine(); });
-}
-
-void MainWindow::MarkUnwiredItems() {
-  for (const char* item : kUnwiredItems) menu_->SetEnabled(item, false);
 }
 
 // ---- Start-up -------------------------------------------------------------------------------
@@ -244,6 +239,12 @@ void MainWindow::resizeEvent(QResizeEvent* event) {
 }
 
 void MainWindow::closeEvent(QCloseEvent* event) {
+  bool go_on = true;
+  Guarded([&] { go_on = ConfirmDiscardChanges(); });
+  if (!go_on) {
+    event->ignore();
+    return;
+  }
   placement_.Save(settings_);
   event->accept();
 }
@@ -272,9 +273,10 @@ void MainWindow::ClickSavePropertyKind(int kind) {
 void MainWindow::SetWindowTitle() {
   const qsizetype cut =
       std::max(rom_path_.lastIndexOf(QLatin1Char('\\')), rom_path_.lastIndexOf(QLatin1Char('/')));
+  // [*] is where the title marks unsaved changes; unmodified it shows nothing.
   if (cut >= 0)
     setWindowTitle(QString::fromLatin1(kProgramTitle) + QStringLiteral(" - ") +
-                   rom_path_.mid(cut + 1));
+                   rom_path_.mid(cut + 1) + QStringLiteral("[*]"));
   if (std_file_ == rom_path_) setWindowTitle(windowTitle() + QStringLiteral(" (Standard)"));
 }
 
@@ -289,6 +291,7 @@ void MainWindow::UpdateStandardFileItems() {
 }
 
 void MainWindow::ClickStdLoad() {
+  if (!ConfirmDiscardChanges()) return;
   previous_rom_path_ = rom_path_;
   rom_path_ = std_file_;
   OpenRom();

@@ -9,6 +9,7 @@
 #include <utility>
 
 #include "maps/RomDocument.h"
+#include "rom/SafeFileWriter.h"
 #include "rom/GameTextTable.h"
 #include "ui/HandlerBoundary.h"
 #include "ui/MainMenu.h"
@@ -26,6 +27,7 @@ class EventPage;
 class HeaderPage;
 class MapPage;
 class GraphicsController;
+class MapEditor;
 class MapSelector;
 class Prompter;
 class SettingsStore;
@@ -86,6 +88,24 @@ class MainWindow : public QMainWindow {
   // file.
   void UpdateStandardFileItems();
 
+  // ---- Edits and saving ----------------------------------------------------------------
+  // After an edit of the document: the title's modified marker and the Edit menu follow it.
+  void DocumentEdited();
+  // After an undo, a redo or an import: redraws what the document says has changed (the
+  // header page, single blocks or the whole view), then as DocumentEdited.
+  void ApplyDocumentChange(const DocumentChange& change);
+  // Before the current map's edits would be lost (another map, another ROM, a reload, closing):
+  // while the document differs from the file asks "Änderungen speichern?". Ja saves in full,
+  // Nein goes on without saving; false for Abbrechen or a save that failed, and then nothing
+  // may change.
+  bool ConfirmDiscardChanges();
+  // SaveRom with the given ReloadScope: a failure is shown with the file and the reason, and
+  // false is returned.
+  bool SaveRom(std::int16_t scope);
+  // Opens map map_index of bank bank_index as a click in the selectors would, after the
+  // unsaved-changes question; false when the user stayed, or the bank has no such map.
+  bool SwitchToMap(int bank_index, int map_index);
+
   // Runs a ui handler at the boundary where runtime errors are shown and end the handler.
   template <class Handler>
   bool Guarded(Handler&& handler) {
@@ -118,6 +138,8 @@ class MainWindow : public QMainWindow {
   EventPage* event_page() const { return event_page_; }
   WuselixPage* wuselix_page() const { return wuselix_page_; }
   HeaderPage* header_page() const { return header_page_; }
+  // Painting and picking on the map view.
+  MapEditor* map_editor() const { return map_editor_; }
   // Status bar panels 1 to 5.
   QLabel* panel(int number) const;
 
@@ -183,7 +205,8 @@ class MainWindow : public QMainWindow {
   void ConnectViewOptionItems();
   void ConnectFileItems();
   void ConnectRomItems();
-  void MarkUnwiredItems();
+  void ConnectSaveItems();
+  void ConnectEditItems();
 
   // Start-up steps.
   void ChooseSettingsBackEnd();
@@ -201,6 +224,18 @@ class MainWindow : public QMainWindow {
   void SelectBankAfterOpen();
   void ReselectMap(int remembered);
   void AfterMapLoadStep(MapLoadStep step);
+  void ClickMapListByUser();
+  void RestoreLoadedMapSelection();
+
+  // File and edit commands.
+  void ClickSaveScope(std::int16_t scope);
+  void ClickSaveAs();
+  void ClickExportMap();
+  void ClickImportMap();
+  void ClickUndo();
+  void ClickRedo();
+  void ShowFileError(const QString& what, const FileWriteError& error);
+  QString RomDirectory() const;
   void EnableMapScrollBars();
 
   // Handlers.
@@ -234,6 +269,7 @@ class MainWindow : public QMainWindow {
   EventPage* event_page_ = nullptr;
   WuselixPage* wuselix_page_ = nullptr;
   HeaderPage* header_page_ = nullptr;
+  MapEditor* map_editor_ = nullptr;
   std::array<QLabel*, 5> panels_{};
 
   QString rom_path_;

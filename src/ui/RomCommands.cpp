@@ -34,9 +34,6 @@ QStringList ToQStringList(const std::vector<std::string>& items) {
 
 }  // namespace
 
-// Saving, "Save as", export and import come with their own commands; until then their items
-// are only enabled by OpenRom, as the file menu's states require, and choosing them does
-// nothing.
 void MainWindow::ConnectRomItems() {
   menu_->OnClick("mnuLoad", this, [this] { Guarded([this] { ClickLoad(); }); });
   menu_->OnClick("mnuReloadFull", this,
@@ -48,6 +45,7 @@ void MainWindow::ConnectRomItems() {
 }
 
 void MainWindow::ClickLoad() {
+  if (!ConfirmDiscardChanges()) return;
   const std::optional<QString> chosen = prompter_.OpenFile(
       QString::fromUtf8(kOpenTitle), open_dialog_dir_, QtNameFilters(QString::fromUtf8(kOpenFilter)));
   if (!chosen) return;
@@ -60,6 +58,7 @@ void MainWindow::ClickLoad() {
 // attempt to open, it remembers RomPath first, so that a definition that has become unreadable
 // leaves RomPath on the ROM that stays current.
 void MainWindow::ClickReload(std::int16_t scope) {
+  if (!ConfirmDiscardChanges()) return;
   const ScopeExit full([this] { reload_scope_ = kReloadFull; });
   reload_scope_ = scope;
   if (FileExists(rom_path_)) {
@@ -85,6 +84,7 @@ void MainWindow::OpenRom() {
   SetWindowTitle();
   const int remembered = map_selector_->map_index();
   header_page_->FillLocationList(ToQStringList(document_.LocationList()));
+  DocumentEdited();
   SelectBankAfterOpen();
   ReselectMap(remembered);
 }
@@ -105,7 +105,6 @@ void MainWindow::EnableRomMenus() {
   menu_->SetEnabled("mnuSave", !document_.ReadOnly());
   for (const char* item : {"mnuSaveAs", "mnuReload", "mnuMapExp", "mnuMapImp"})
     menu_->SetEnabled(item, true);
-  MarkUnwiredItems();
 }
 
 void MainWindow::SelectBankAfterOpen() {
@@ -143,6 +142,38 @@ void MainWindow::FillMapList() {
   if (list.error) throw *list.error;
 }
 
+// A map chosen by the user replaces the map loaded now: its unsaved edits are asked about first,
+// and staying puts both lists back on the loaded map.
+void MainWindow::ClickMapListByUser() {
+  if (rom_loading_ != 0) return;
+  if (!ConfirmDiscardChanges()) {
+    RestoreLoadedMapSelection();
+    return;
+  }
+  ClickMapList();
+}
+
+void MainWindow::RestoreLoadedMapSelection() {
+  const ScopeExit done([this] { rom_loading_ = 0; });
+  rom_loading_ = 1;
+  if (map_selector_->bank_index() != document_.SelectedBank()) {
+    map_selector_->SelectBank(document_.SelectedBank());
+    const MapList list = document_.FillMapList(document_.SelectedBank());
+    map_selector_->SetMaps(ToQStringList(list.entries));
+  }
+  map_selector_->SelectMap(document_.SelectedMap());
+}
+
+bool MainWindow::SwitchToMap(int bank_index, int map_index) {
+  if (!ConfirmDiscardChanges()) return false;
+  map_selector_->SelectBank(bank_index);
+  FillMapList();
+  if (map_index < 0 || map_index >= map_selector_->map_count()) return false;
+  map_selector_->SelectMap(map_index);
+  ClickMapList();
+  return true;
+}
+
 void MainWindow::ClickMapList() {
   if (rom_loading_ != 0) return;
   view_lock_ = 0;
@@ -156,6 +187,7 @@ void MainWindow::LoadSelectedMap() {
   document_.SetApplyMode(apply_mode_);
   // The map number is kept as a signed 16-bit list index.
   const auto map = static_cast<std::int16_t>(map_selector_->map_index());
+  const ScopeExit edited([this] { DocumentEdited(); });
   document_.LoadSelectedMap(map_selector_->bank_index(), map,
                             [this](MapLoadStep step) { AfterMapLoadStep(step); });
   changes_pending_ = false;

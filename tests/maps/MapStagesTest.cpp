@@ -78,7 +78,9 @@ TEST_F(MapStagesTest, TheScopeDecidesWhatIsReadAgain) {
   changed[0xB75E + 2 * 8 + 3] = 0x03;
   changed[static_cast<std::size_t>(world.layout.Map(2, 1).blocks)] = 2;
   test::WriteFileBytes(path, changed);
-  doc.Secondary().bytes[0] = 0;  // an edited border
+  SecondaryHeaderBuffer edited = doc.Secondary();
+  edited.bytes[0] = 0;  // an edited border
+  doc.EditHeaders(doc.Primary(), edited, "Border");
 
   doc.SetReloadScope(kReloadEventsOnly);
   std::vector<MapLoadStep> heard;

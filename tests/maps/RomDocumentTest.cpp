@@ -82,7 +82,9 @@ TEST_F(RomDocumentTest, ScopeAndApplyModeDecideWhichStagesRun) {
   doc.OpenRom(path, settings);
   for (const Case& c : cases) {
     SCOPED_TRACE(testing::Message() << "scope " << c.scope << " mode " << c.mode);
-    doc.Secondary().bytes[2] = 0x33;  // an edited width
+    SecondaryHeaderBuffer edited = doc.Secondary();
+    edited.bytes[2] = 0x33;  // an edited width
+    doc.EditHeaders(doc.Primary(), edited, "Width");
     doc.SetReloadScope(c.scope);
     doc.SetApplyMode(c.mode);
     std::vector<S> heard;

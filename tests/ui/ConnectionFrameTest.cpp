@@ -180,6 +180,8 @@ TEST_F(ConnectionFrameTest, Command2MarksTheDestinationInThisMap) {
 
 TEST_F(ConnectionFrameTest, Command3And4LoadTheNeighbourAndMarkInIt) {
   Type(Box(18), "0C70B");  // row 0, column 11 of a map 8 wide
+  // The typed window is an edit of this map's record, which the switch would drop.
+  prompter_.ExpectMessage(QString::fromUtf8("Änderungen speichern?"), Prompter::Answer::kNo);
   Frame().command(3)->click();
   EXPECT_EQ(window_->map_selector()->bank_index(), 0);
   EXPECT_EQ(window_->map_selector()->map_index(), 2);
@@ -196,6 +198,7 @@ TEST_F(ConnectionFrameTest, Command3And4LoadTheNeighbourAndMarkInIt) {
   Frame().command(3)->click();
   ASSERT_EQ(window_->map_selector()->map_index(), 0);
   Type(Box(12), QString::fromStdString("0" + Hex4(pointer + 13)));
+  prompter_.ExpectMessage(QString::fromUtf8("Änderungen speichern?"), Prompter::Answer::kNo);
   Frame().command(4)->click();
   EXPECT_EQ(window_->map_selector()->map_index(), 2);
   EXPECT_EQ(Field(7) + ' ' + Field(8) + ' ' + Field(9),

@@ -15,6 +15,13 @@
 
 namespace kartova::test {
 
+// The title as the window shows it: the [*] placeholder becomes "*" while the document has
+// unsaved changes and disappears otherwise.
+inline QString ShownTitle(const QWidget& window) {
+  QString title = window.windowTitle();
+  return title.replace(QStringLiteral("[*]"), window.isWindowModified() ? QStringLiteral("*") : QString());
+}
+
 inline QString SubscriptMessage() {
   return QString::fromStdString(RuntimeError::SubscriptOutOfRange().GermanMessage());
 }

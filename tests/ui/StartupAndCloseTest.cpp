@@ -14,7 +14,7 @@ TEST_F(StartupTest, FirstStartWithEmptySettings) {
   ObservedMainWindow& window = StartWindow();
   EXPECT_TRUE(prompter_.asked.empty());
   EXPECT_EQ(store_->kind(), SettingsStore::kRegistry);
-  EXPECT_EQ(window.windowTitle(), "Kartova v1.38");
+  EXPECT_EQ(ShownTitle(window), "Kartova v1.38");
   EXPECT_EQ(window.size(), QSize(PixelsX(9060), PixelsY(7920)));
   const QRect screen = window.screen()->geometry();
   EXPECT_NEAR(window.x(), (screen.width() - window.width()) / 2, 1);

@@ -1,0 +1,174 @@
+// Saving into the ROM, "Save as", map export and import, the Edit menu, and the question asked
+// before unsaved edits would be lost.
+
+#include <QAction>
+#include <QFileInfo>
+#include <QKeySequence>
+#include <QMenu>
+
+#include "ui/GraphicsController.h"
+#include "ui/HeaderPage.h"
+#include "ui/MainWindow.h"
+#include "ui/Prompter.h"
+
+namespace kartova {
+
+namespace {
+
+constexpr const char* kSaveAsTitle = "Rom Speichern Unter";
+constexpr const char* kSaveAsFilter =
+    "Alle Gameboy-Roms (*.gb*)|*.gbc;*.gb*|Backup-Dateien (*.bak;*.old)|*.bak;*.old|Alle Dateien "
+    "(*.*)|*.*";
+constexpr const char* kExportTitle = "Map Exportieren";
+constexpr const char* kImportTitle = "Map Importieren";
+constexpr const char* kMapFilter = "Map-Dateien (*.map)|*.map|Alle Dateien (*.*)|*.*";
+constexpr const char* kSaveQuestion = "Änderungen speichern?";
+
+// More changed cells than this are drawn by redrawing the view rather than block by block.
+constexpr std::size_t kMostPatchedCells = 64;
+
+}  // namespace
+
+void MainWindow::ConnectSaveItems() {
+  // The menu system clicks the parent item when its submenu opens: that is a full save, and
+  // choosing an entry then saves once more with its own scope.
+  connect(menu_->Submenu(QStringLiteral("mnuSave")), &QMenu::aboutToShow, this,
+          [this] { Guarded([this] { SaveRom(reload_scope_); }); });
+  menu_->OnClick("mnuSaveFull", this, [this] { Guarded([this] { ClickSaveScope(kReloadFull); }); });
+  menu_->OnClick("mnuSaveMap", this, [this] { Guarded([this] { ClickSaveScope(kReloadMapOnly); }); });
+  menu_->OnClick("mnuSaveEvents", this,
+                 [this] { Guarded([this] { ClickSaveScope(kReloadEventsOnly); }); });
+  menu_->OnClick("mnuSaveAs", this, [this] { Guarded([this] { ClickSaveAs(); }); });
+  menu_->OnClick("mnuMapExp", this, [this] { Guarded([this] { ClickExportMap(); }); });
+  menu_->OnClick("mnuMapImp", this, [this] { Guarded([this] { ClickImportMap(); }); });
+}
+
+void MainWindow::ConnectEditItems() {
+  menu_->Item(QStringLiteral("mnuUndo"))->setShortcut(QKeySequence::Undo);
+  menu_->Item(QStringLiteral("mnuRedo"))
+      ->setShortcuts({QKeySequence(Qt::CTRL | Qt::Key_Y), QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_Z)});
+  menu_->OnClick("mnuUndo", this, [this] { Guarded([this] { ClickUndo(); }); });
+  menu_->OnClick("mnuRedo", this, [this] { Guarded([this] { ClickRedo(); }); });
+}
+
+// ---- Saving ---------------------------------------------------------------------------------
+
+bool MainWindow::SaveRom(std::int16_t scope) {
+  try {
+    document_.SaveRom(scope);
+  } catch (const FileWriteError& error) {
+    ShowFileError(QStringLiteral("Die Datei \"%1\" konnte nicht gespeichert werden.")
+                      .arg(QString::fromStdString(error.path())),
+                  error);
+    DocumentEdited();
+    return false;
+  }
+  DocumentEdited();
+  return true;
+}
+
+void MainWindow::ClickSaveScope(std::int16_t scope) {
+  const ScopeExit full([this] { reload_scope_ = kReloadFull; });
+  reload_scope_ = scope;
+  SaveRom(reload_scope_);
+}
+
+void MainWindow::ClickSaveAs() {
+  const std::optional<QString> chosen =
+      prompter_.SaveFile(QString::fromUtf8(kSaveAsTitle), RomDirectory(),
+                         QtNameFilters(QString::fromUtf8(kSaveAsFilter)));
+  if (!chosen) return;
+  try {
+    document_.SaveRomAs(chosen->toStdString());
+  } catch (const FileWriteError& error) {
+    // Nothing was written: the ROM opened before stays the current one.
+    ShowFileError(QStringLiteral("Die Datei \"%1\" konnte nicht gespeichert werden.").arg(*chosen), error);
+    return;
+  }
+  rom_path_ = *chosen;
+  setWindowTitle(QString::fromLatin1(kProgramTitle) + QStringLiteral(" - ") +
+                 QFileInfo(*chosen).fileName() + QStringLiteral("[*]"));
+  menu_->SetEnabled("mnuSave", true);
+  DocumentEdited();
+}
+
+// ---- .map files -----------------------------------------------------------------------------
+
+void MainWindow::ClickExportMap() {
+  const std::optional<QString> chosen = prompter_.SaveFile(
+      QString::fromUtf8(kExportTitle), RomDirectory(), QtNameFilters(QString::fromUtf8(kMapFilter)));
+  if (!chosen) return;
+  try {
+    document_.ExportMap(chosen->toStdString());
+  } catch (const FileWriteError& error) {
+    ShowFileError(QStringLiteral("Die Map konnte nicht nach \"%1\" exportiert werden.").arg(*chosen), error);
+  }
+}
+
+void MainWindow::ClickImportMap() {
+  const std::optional<QString> chosen = prompter_.OpenFile(
+      QString::fromUtf8(kImportTitle), RomDirectory(), QtNameFilters(QString::fromUtf8(kMapFilter)));
+  if (!chosen) return;
+  MapImport imported;
+  try {
+    imported = document_.ImportMap(chosen->toStdString());
+  } catch (const FileWriteError& error) {
+    ShowFileError(QStringLiteral("Die Map \"%1\" konnte nicht importiert werden.").arg(*chosen), error);
+    return;
+  }
+  ApplyDocumentChange(imported.change);
+}
+
+void MainWindow::ShowFileError(const QString& what, const FileWriteError& error) {
+  prompter_.Message(what + QStringLiteral("\n\n") + QString::fromStdString(error.reason()),
+                    kMessageTitle, Prompter::Buttons::kOk, Prompter::Icon::kCritical);
+}
+
+QString MainWindow::RomDirectory() const {
+  return rom_path_.isEmpty() ? open_dialog_dir_ : QFileInfo(rom_path_).absolutePath();
+}
+
+// ---- Edit menu ------------------------------------------------------------------------------
+
+void MainWindow::ClickUndo() { ApplyDocumentChange(document_.Undo()); }
+
+void MainWindow::ClickRedo() { ApplyDocumentChange(document_.Redo()); }
+
+void MainWindow::ApplyDocumentChange(const DocumentChange& change) {
+  if (change.headers) {
+    header_page_->ShowHeaderFields(-1);
+    header_page_->ShowHeaderCombos(-1);
+    // The headers differ from what the map and events were loaded with, as after typing.
+    changes_pending_ = true;
+  }
+  if (change.whole_map || change.cells.size() > kMostPatchedCells) {
+    graphics_->RedrawWholeView();
+  } else {
+    for (const GridCell& cell : change.cells) graphics_->PatchCell(cell.x, cell.y);
+  }
+  DocumentEdited();
+}
+
+void MainWindow::DocumentEdited() {
+  setWindowModified(document_.IsModified());
+  const EditHistory& history = document_.History();
+  QAction* undo = menu_->Item(QStringLiteral("mnuUndo"));
+  QAction* redo = menu_->Item(QStringLiteral("mnuRedo"));
+  undo->setEnabled(history.CanUndo());
+  redo->setEnabled(history.CanRedo());
+  // The step's name shows where a menu shows hints.
+  undo->setStatusTip(QString::fromStdString(history.UndoText()));
+  redo->setStatusTip(QString::fromStdString(history.RedoText()));
+}
+
+bool MainWindow::ConfirmDiscardChanges() {
+  if (!document_.IsModified()) return true;
+  const Prompter::Answer answer =
+      prompter_.Message(QString::fromUtf8(kSaveQuestion), kMessageTitle,
+                        Prompter::Buttons::kYesNoCancel, Prompter::Icon::kQuestion);
+  if (answer == Prompter::Answer::kNo) return true;
+  if (answer != Prompter::Answer::kYes) return false;
+  return SaveRom(kReloadFull);
+}
+
+}  // namespace kartova
