@@ -35,6 +35,11 @@ class ScriptedPrompter : public Prompter {
     script_.push_back({Kind::kOpenFile, {}, {}, path.value_or(QString()), path.has_value()});
   }
 
+  // The next prompt is the save dialog; nullopt cancels it.
+  void ExpectSaveFile(const std::optional<QString>& path) {
+    script_.push_back({Kind::kSaveFile, {}, {}, path.value_or(QString()), path.has_value()});
+  }
+
   Answer Message(const QString& text, const QString& title, Buttons buttons, Icon icon) override;
   std::optional<QString> OpenFile(const QString& title, const QString& start_dir,
                                   const QStringList& name_filters) override {
