@@ -77,11 +77,14 @@ void RomDocument::SaveRomAs(const std::string& path) {
   const SavePlan plan = SaveRegions(kReloadFull);
   SafeWriteOptions options;
   options.fault_hook = write_fault_hook_;
-  options.create_if_missing = true;
-  // Saved onto itself, nothing is copied.
+  // Saved onto itself, nothing is copied; and a ROM that vanished meanwhile is not rebuilt from
+  // the few regions of one map.
+  options.create_if_missing = path != rom_path_;
   if (path != rom_path_) options.source = rom_path_;
   WriteRegionsSafely(path, plan.regions, options);
   rom_path_ = path;
+  // The copy is writable: a new file gets owner write, and a read-only target is refused.
+  read_only_ = false;
   if (plan.error) throw *plan.error;
   if (MapLoaded()) MarkSaved(kReloadFull);
 }

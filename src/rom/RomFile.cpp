@@ -10,8 +10,11 @@ namespace kartova {
 
 namespace {
 std::FILE* OpenOrCreate(const std::string& path, const char* mode) {
+  // Only regular files are opened: a folder reads nothing, and a pipe or a device would block
+  // or never end.
   std::error_code ec;
-  if (std::filesystem::is_directory(path, ec)) return nullptr;
+  const auto status = std::filesystem::status(path, ec);
+  if (!ec && std::filesystem::exists(status) && !std::filesystem::is_regular_file(status)) return nullptr;
   std::FILE* f = std::fopen(path.c_str(), mode);
   if (f) return f;
   // Create the file if it is missing, without truncating one that exists but refused us.

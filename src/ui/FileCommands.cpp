@@ -95,6 +95,7 @@ void MainWindow::ClickSaveAs() {
 // ---- .map files -----------------------------------------------------------------------------
 
 void MainWindow::ClickExportMap() {
+  if (!document_.MapLoaded()) return;
   const std::optional<QString> chosen = prompter_.SaveFile(
       QString::fromUtf8(kExportTitle), RomDirectory(), QtNameFilters(QString::fromUtf8(kMapFilter)));
   if (!chosen) return;
@@ -106,6 +107,7 @@ void MainWindow::ClickExportMap() {
 }
 
 void MainWindow::ClickImportMap() {
+  if (!document_.MapLoaded()) return;
   const std::optional<QString> chosen = prompter_.OpenFile(
       QString::fromUtf8(kImportTitle), RomDirectory(), QtNameFilters(QString::fromUtf8(kMapFilter)));
   if (!chosen) return;

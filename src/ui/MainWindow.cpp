@@ -239,7 +239,8 @@ void MainWindow::resizeEvent(QResizeEvent* event) {
 }
 
 void MainWindow::closeEvent(QCloseEvent* event) {
-  bool go_on = true;
+  // A save that ended in a runtime error keeps the window open, like a cancelled question.
+  bool go_on = false;
   Guarded([&] { go_on = ConfirmDiscardChanges(); });
   if (!go_on) {
     event->ignore();
