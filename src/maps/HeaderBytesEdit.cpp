@@ -12,20 +12,22 @@ HeaderBytesEdit::HeaderBytesEdit(std::string text, const PrimaryHeaderBuffer& pr
       primary_after_(primary_after),
       secondary_after_(secondary_after) {}
 
-DocumentChange HeaderBytesEdit::Undo(EditTarget& target) const {
-  target.primary = primary_before_;
-  target.secondary = secondary_before_;
+namespace {
+DocumentChange Put(EditTarget& target, const PrimaryHeaderBuffer& primary, const SecondaryHeaderBuffer& secondary) {
+  target.primary = primary;
+  target.secondary = secondary;
   DocumentChange change;
   change.headers = true;
   return change;
 }
+}  // namespace
+
+DocumentChange HeaderBytesEdit::Undo(EditTarget& target) const {
+  return Put(target, primary_before_, secondary_before_);
+}
 
 DocumentChange HeaderBytesEdit::Redo(EditTarget& target) const {
-  target.primary = primary_after_;
-  target.secondary = secondary_after_;
-  DocumentChange change;
-  change.headers = true;
-  return change;
+  return Put(target, primary_after_, secondary_after_);
 }
 
 bool HeaderBytesEdit::MergeWith(const Edit& next) {

@@ -129,7 +129,13 @@ void MainWindow::BuildStatusBar() {
     auto* label = new QLabel(texts[i], bar);
     label->setObjectName(QStringLiteral("Panel%1").arg(i + 1));
     label->setFrameStyle(QFrame::Panel | QFrame::Sunken);
-    label->setMinimumWidth(label->fontMetrics().horizontalAdvance(widest[i]) + 8);
+    // Panels of a fixed size: a new text repaints the panel, not the whole status bar, which
+    // would cost more than the block a drag has just painted.
+    const int width = label->fontMetrics().horizontalAdvance(widest[i]) + 8;
+    if (i == 0)
+      label->setMinimumWidth(width);
+    else
+      label->setFixedWidth(width);
     bar->addWidget(label, i == 0 ? 1 : 0);
     panels_[i] = label;
   }

@@ -121,8 +121,9 @@ void MapEditor::Release(Qt::MouseButton button) {
     if (!Idle()) return;
     last_release_ = button;
     if (button == Qt::LeftButton) window_.document().EndStroke();
+    // The title marker and the Edit menu follow also when opening the neighbour fails.
+    const ScopeExit edited([this] { window_.DocumentEdited(); });
     if (mode == kPlace && hovered_ >= 0) OpenNeighbour(hovered_);
-    window_.DocumentEdited();
   });
 }
 

@@ -165,10 +165,16 @@ void MainWindow::RestoreLoadedMapSelection() {
 }
 
 bool MainWindow::SwitchToMap(int bank_index, int map_index) {
+  CheckIndex(bank_index, kMapBankCount);
+  // A record naming a map its bank does not have leaves everything as it is.
+  if (map_index < 0 || map_index >= document_.MapCountPerBank()[static_cast<std::size_t>(bank_index)]) {
+    prompter_.Message(QStringLiteral("Fehler: Ziel-Map (%1.%2) existiert nicht.").arg(bank_index + 1).arg(map_index + 1));
+    return false;
+  }
   if (!ConfirmDiscardChanges()) return false;
   map_selector_->SelectBank(bank_index);
   FillMapList();
-  if (map_index < 0 || map_index >= map_selector_->map_count()) return false;
+  if (map_index >= map_selector_->map_count()) return false;
   map_selector_->SelectMap(map_index);
   ClickMapList();
   return true;
