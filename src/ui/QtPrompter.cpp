@@ -2,6 +2,7 @@
 
 #include <QDesktopServices>
 #include <QFileDialog>
+#include <QAbstractButton>
 #include <QMessageBox>
 #include <QUrl>
 
@@ -71,6 +72,12 @@ std::optional<QString> Chosen(const QString& path) {
 Prompter::Answer QtPrompter::Message(const QString& text, const QString& title, Buttons buttons,
                                      Icon icon) {
   QMessageBox box(ToQt(icon), title, text, ToQt(buttons), parent_);
+  // The editor speaks German, its questions' buttons too.
+  const std::pair<QMessageBox::StandardButton, const char*> kGermanButtons[] = {
+      {QMessageBox::Yes, "&Ja"}, {QMessageBox::No, "&Nein"}, {QMessageBox::Cancel, "Abbrechen"},
+      {QMessageBox::Retry, "&Wiederholen"}};
+  for (const auto& [button, caption] : kGermanButtons)
+    if (QAbstractButton* shown = box.button(button)) shown->setText(QString::fromUtf8(caption));
   return FromQt(box.exec(), buttons);
 }
 
