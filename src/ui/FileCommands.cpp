@@ -148,6 +148,8 @@ void MainWindow::ApplyDocumentChange(const DocumentChange& change) {
   } else {
     for (const GridCell& cell : change.cells) graphics_->PatchCell(cell.x, cell.y);
   }
+  // The link data view lists the blocks too; it is built from the grid whenever it is shown.
+  if ((change.whole_map || !change.cells.empty()) && current_tab_ == kHeaderTab) emit LinkDataViewRequested();
   DocumentEdited();
 }
 
