@@ -22,6 +22,8 @@ struct GridCell {
 struct DocumentChange {
   bool headers = false;
   bool events = false;
+  int event_kind = -1;  // the record an event edit changed, when it was one record
+  int event_index = -1;
   bool whole_map = false;
   std::vector<GridCell> cells;
 

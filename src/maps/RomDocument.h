@@ -180,6 +180,11 @@ class RomDocument {
   // recorded.
   DocumentChange EditHeaders(const PrimaryHeaderBuffer& primary, const SecondaryHeaderBuffer& secondary,
                              std::string text, std::string gesture_key = {});
+  // New bytes for record `index` of an event kind (a field typed into, an event dragged); the
+  // gesture key joins the edits of one field or one drag into one step. The subscript error
+  // for a record that is not there; nothing is recorded when nothing changes.
+  DocumentChange EditEventRecord(int kind, int index, std::vector<std::uint8_t> bytes, std::string text,
+                                 std::string gesture_key = {});
   // The next edit starts a step of its own (the user moved to another box).
   void CloseGesture() { history_.CloseGesture(); }
 

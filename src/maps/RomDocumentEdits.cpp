@@ -4,6 +4,9 @@
 #include <algorithm>
 #include <cstring>
 
+#include <utility>
+
+#include "events/EventRecordEdit.h"
 #include "maps/HeaderBytesEdit.h"
 #include "maps/RomDocument.h"
 
@@ -41,6 +44,23 @@ DocumentChange RomDocument::EditHeaders(const PrimaryHeaderBuffer& primary,
   secondary_ = secondary;
   history_.Push(std::move(edit), std::move(gesture_key));
   change.headers = true;
+  return change;
+}
+
+DocumentChange RomDocument::EditEventRecord(int kind, int index, std::vector<std::uint8_t> bytes,
+                                            std::string text, std::string gesture_key) {
+  const std::span<const std::uint8_t> record = std::as_const(events_).Record(kind, index);
+  std::vector<std::uint8_t> before(record.begin(), record.end());
+  bytes.resize(before.size(), 0);
+  DocumentChange change;
+  if (bytes == before) return change;
+  EndStroke();
+  std::copy(bytes.begin(), bytes.end(), events_.Record(kind, index).begin());
+  history_.Push(std::make_unique<EventRecordEdit>(std::move(text), kind, index, std::move(before), bytes),
+                std::move(gesture_key));
+  change.events = true;
+  change.event_kind = kind;
+  change.event_index = index;
   return change;
 }
 

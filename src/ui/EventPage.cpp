@@ -2,11 +2,12 @@
 
 #include <QHBoxLayout>
 
+#include "ui/MainWindow.h"
 #include "ui/MapView.h"
 
 namespace kartova {
 
-EventPage::EventPage(QWidget* parent) : QFrame(parent) {
+EventPage::EventPage(MainWindow& window, QWidget* parent) : QFrame(parent), window_(window) {
   setObjectName(QStringLiteral("Frame(1)"));
   event_view_ = new MapView(3, this);
   auto* layout = new QHBoxLayout(this);
@@ -14,5 +15,11 @@ EventPage::EventPage(QWidget* parent) : QFrame(parent) {
   layout->setSpacing(6);
   layout->addWidget(event_view_, 1);
 }
+
+QComboBox* EventPage::event_list(int) const { return nullptr; }
+QLineEdit* EventPage::field(int) const { return nullptr; }
+void EventPage::SelectEventFromList(int) {}
+void EventPage::ShowPositionFields() {}
+void EventPage::RefreshFields() {}
 
 }  // namespace kartova

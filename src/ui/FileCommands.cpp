@@ -6,6 +6,8 @@
 #include <QKeySequence>
 #include <QMenu>
 
+#include "ui/EventPage.h"
+#include "ui/EventViewController.h"
 #include "ui/GraphicsController.h"
 #include "ui/HeaderPage.h"
 #include "ui/MainWindow.h"
@@ -147,6 +149,11 @@ void MainWindow::ApplyDocumentChange(const DocumentChange& change) {
     graphics_->RedrawWholeView();
   } else {
     for (const GridCell& cell : change.cells) graphics_->PatchCell(cell.x, cell.y);
+  }
+  if (change.events) {
+    event_page_->RefreshFields();
+    event_view_controller_->DrawSelectedEventMarker();
+    if (current_tab_ == kEventTab) graphics_->RedrawWholeView();
   }
   // The link data view lists the blocks too; it is built from the grid whenever it is shown.
   if ((change.whole_map || !change.cells.empty()) && current_tab_ == kHeaderTab) emit LinkDataViewRequested();

@@ -16,6 +16,7 @@
 #include "app/AboutWindow.h"
 #include "app/SettingsStore.h"
 #include "ui/EventPage.h"
+#include "ui/EventViewController.h"
 #include "ui/FileExists.h"
 #include "ui/GraphicsController.h"
 #include "ui/HeaderPage.h"
@@ -56,6 +57,7 @@ MainWindow::MainWindow(SettingsStore& settings, Prompter& prompter, QString prog
   BuildStatusBar();
   graphics_ = new GraphicsController(*this);
   map_editor_ = new MapEditor(*this);
+  event_view_controller_ = new EventViewController(*this);
   ConnectMenu();
 }
 
@@ -91,7 +93,7 @@ void MainWindow::BuildCentralArea() {
   pane_layout->setContentsMargins(2, 2, 2, 2);
   pages_ = new QStackedWidget(pane);
   map_page_ = new MapPage;
-  event_page_ = new EventPage;
+  event_page_ = new EventPage(*this);
   wuselix_page_ = new WuselixPage;
   header_page_ = new HeaderPage(*this);
   // The header page needs more room than the smallest window has: there it scrolls rather

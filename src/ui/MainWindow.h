@@ -24,6 +24,7 @@ class QTabBar;
 namespace kartova {
 
 class EventPage;
+class EventViewController;
 class HeaderPage;
 class MapPage;
 class GraphicsController;
@@ -140,6 +141,8 @@ class MainWindow : public QMainWindow {
   HeaderPage* header_page() const { return header_page_; }
   // Painting and picking on the map view.
   MapEditor* map_editor() const { return map_editor_; }
+  // Markers, selection, dragging and panning on the event view.
+  EventViewController* event_view_controller() const { return event_view_controller_; }
   // Status bar panels 1 to 5.
   QLabel* panel(int number) const;
 
@@ -270,6 +273,7 @@ class MainWindow : public QMainWindow {
   WuselixPage* wuselix_page_ = nullptr;
   HeaderPage* header_page_ = nullptr;
   MapEditor* map_editor_ = nullptr;
+  EventViewController* event_view_controller_ = nullptr;
   std::array<QLabel*, 5> panels_{};
 
   QString rom_path_;
