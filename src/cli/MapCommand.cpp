@@ -1,11 +1,14 @@
 // kartova-cli map ROM BANK MAP [--time N]: one map as the editor loads it, as JSON.
 
+#include <array>
 #include <ostream>
 #include <string>
+#include <utility>
 
 #include "cli/Command.h"
 #include "cli/Json.h"
 #include "cli/MapLoading.h"
+#include "events/MapEventSet.h"
 #include "gfx/ExtendedMap.h"
 #include "rom/HexText.h"
 
@@ -60,6 +63,32 @@ Json ColoursJson(const ColourTable& colours) {
   return list;
 }
 
+// The lists in the order the game keeps them: the script header (Enter, Time) before the
+// event lists (warps, triggers, signposts, people).
+constexpr std::array<std::pair<const char*, int>, kEventKindCount> kEventLists = {{
+    {"enter", kEventEnter},
+    {"time", kEventTime},
+    {"warp", kEventWarp},
+    {"trigger", kEventTrigger},
+    {"sign", kEventSign},
+    {"people", kEventPeople},
+}};
+
+// Each record as its bytes in ROM order, so a warp reads "0305010218".
+Json EventsJson(const MapEventSet& events) {
+  Json json = Json::Object();
+  for (const auto& [name, kind] : kEventLists) {
+    Json list = Json::Array();
+    for (int index = 0; index < events.Count(kind); ++index) {
+      std::string record;
+      for (std::uint8_t b : events.Record(kind, index)) record += Hex2(b);
+      list.Push(record);
+    }
+    json.Set(name, list);
+  }
+  return json;
+}
+
 Json MapJson(const LoadedMap& loaded) {
   const RomDocument& doc = loaded.document;
   Json json = Json::Object();
@@ -73,6 +102,7 @@ Json MapJson(const LoadedMap& loaded) {
   json.Set("grid", GridJson(doc.Grid()));
   json.Set("connections", ConnectionsJson(doc.Grid()));
   json.Set("colours", ColoursJson(doc.Colours()));
+  json.Set("events", EventsJson(doc.Events()));
   return json;
 }
 
@@ -98,7 +128,9 @@ const CommandRegistrar kMapCommand(Command{
     "header), width and height in blocks, grid (the bordered block grid, height + 6 rows of "
     "two hex digits a block), connections (per present direction in the order north, south, "
     "west, east: direction 0-3, rect [x1, y1, x2, y2] in grid cells, bank and map of the "
-    "neighbour) and colours (colour-table entries 0-31 as RRGGBB). --time N picks the lighting "
+    "neighbour), colours (colour-table entries 0-31 as RRGGBB) and events (the lists enter, "
+    "time, warp, trigger, sign and people, each record as its bytes in hex, in ROM order). "
+    "--time N picks the lighting "
     "0-7 of the Palette / Lighting menu, 8 (the default) is Auto. A map number beyond the "
     "bank's maps fails with \"Fehler: Ziel-Map (BANK.MAP) existiert nicht.\". A neighbour "
     "strip outside the grid prints the grid as far as it was built, then the runtime error, "

@@ -64,7 +64,7 @@ struct EventHits {
 EventHits HitTest(const MapEventSet& events, EventTile tile);
 
 // A move of the selected event to map tile (x, y) (people without their offset): clamped to the
-// map and its margin (0 .. width * 2 + 5, people 4 .. width * 2 + 9 stored), written into the
+// map and its margin (0 .. width * 2 + 5, people 0 .. width * 2 + 9 stored), written into the
 // X byte when it differs from the drag origin's column and into the Y byte when it differs from
 // its row. `changed` is false when neither was written.
 struct EventMove {
