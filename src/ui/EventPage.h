@@ -3,6 +3,8 @@
 #include <QFrame>
 #include <array>
 
+#include "ui/EventFieldFrames.h"
+
 class QComboBox;
 class QGroupBox;
 class QLabel;
@@ -13,6 +15,7 @@ namespace kartova {
 
 class MainWindow;
 class MapView;
+enum class MapLoadStep;
 
 // The " Events " page: the event view (Picture3 with HScroll3, VScroll3) and the event editors:
 // the six lists Combo4 (Enter scripts), Combo5 (Time scripts), Combo6 (warps), Combo7
@@ -46,6 +49,15 @@ class EventPage : public QFrame {
   int fields_updating() const { return fields_updating_; }
   void set_fields_updating(int value) { fields_updating_ = value; }
 
+  // Frame2, whose caption names the selected event ("Daten" while there is none).
+  QGroupBox* caption_frame() const { return widgets_.caption_frame; }
+  // Data(kind), the field frame of a kind; nullptr for another kind.
+  QFrame* field_frame(int kind) const;
+  // UpDown1..UpDown8; nullptr for another number.
+  EventUpDown* up_down(int number) const;
+  // Label35..Label39, the script bank before the script pointer fields; nullptr otherwise.
+  QLabel* bank_label(int number) const;
+
   // The click handler of the list of a kind: shows the kind's frame, the record chosen in the
   // list in its fields, and the selection frame on the event view.
   void SelectEventFromList(int kind);
@@ -55,8 +67,28 @@ class EventPage : public QFrame {
   void RefreshFields();
 
  private:
+  QWidget* BuildListColumn();
+  void ConnectFields();
+
+  // The map load's parts: the up-down maxima and bank labels once the header is read, the
+  // lists once the events are.
+  void AfterMapLoadStep(MapLoadStep step);
+  void ShowMapLimits();
+  void FillEventLists();
+  void FillEventList(int kind);
+
+  // The change handler of Text(text_index).
+  void EditEventField(int text_index);
+  // The record a kind's fields show and edit: the selected one for warps, triggers, signposts
+  // and people, the current item of Combo4 or Combo5 for the scripts; -1 when there is none.
+  int RecordOf(int kind) const;
+  void ShowFields(int kind, int index, bool positions_only);
+
   MainWindow& window_;
   MapView* event_view_;
+  std::array<QComboBox*, kEventKindCount> lists_{};
+  EventFieldKeyFilter* key_filter_;
+  EventFieldWidgets widgets_;
   int selected_kind_ = 0;
   int selected_index_ = 255;
   bool lists_loading_ = false;
