@@ -7,6 +7,7 @@
 
 #include "ui/BlockChooserView.h"
 #include "ui/EventPage.h"
+#include "ui/EventViewController.h"
 #include "ui/FrameMarker.h"
 #include "ui/IndexedPictureBox.h"
 #include "ui/MainWindow.h"
@@ -136,6 +137,7 @@ void GraphicsController::RenderMapView() {
   if (view == event_view_) {
     const double started = SecondsSinceMidnight();
     RenderView(*view, zoom);
+    if (EventViewController* events = window_.event_view_controller()) events->DrawEvents();
     view->picture()->repaint();
     RecordDrawTime(started);
   } else {
@@ -190,6 +192,9 @@ void GraphicsController::PatchCell(int cx, int cy) {
   const QRect square(cx * block_size - view_buffer_.Left(), cy * block_size - view_buffer_.Top(),
                      block_size, block_size);
   view->picture()->UpdateRegion(view_buffer_.Image(), square);
+  // A marker over the cell was mixed with the block that was there before.
+  if (view == event_view_)
+    if (EventViewController* events = window_.event_view_controller()) events->DrawEvents();
 }
 
 void GraphicsController::DrawBlockChooser() {

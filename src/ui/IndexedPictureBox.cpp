@@ -4,15 +4,11 @@
 #include <QPainter>
 #include <QResizeEvent>
 #include <cstring>
+#include <utility>
 
 #include "gfx/ColourTable.h"
 
 namespace kartova {
-
-namespace {
-// Where a picture box shows no buffer, as an empty picture box of the editor always looked.
-const QColor kBackground(0x40, 0x40, 0x40);
-}  // namespace
 
 IndexedPictureBox::IndexedPictureBox(const QString& name, QWidget* parent) : QWidget(parent) {
   setObjectName(name);
@@ -69,6 +65,12 @@ void IndexedPictureBox::SetSourceWindow(const QRect& window) {
   update();
 }
 
+void IndexedPictureBox::SetOverlays(QList<Overlay> overlays) {
+  if (overlays.isEmpty() && overlays_.isEmpty()) return;
+  overlays_ = std::move(overlays);
+  update();
+}
+
 void IndexedPictureBox::Convert() {
   dirty_ = false;
   ++conversions_;
@@ -88,14 +90,14 @@ void IndexedPictureBox::Convert() {
 void IndexedPictureBox::paintEvent(QPaintEvent* /*event*/) {
   QPainter painter(this);
   if (dirty_) Convert();
-  painter.fillRect(rect(), kBackground);
-  if (screen_.isNull() || window_.isEmpty()) return;
   // The window may reach past the buffer when the view is scrolled past the grid; only the
   // covered part is copied, at the place it would have had.
-  const QRect source = window_.intersected(screen_.rect());
-  if (source.isEmpty()) return;
+  const QRect source = screen_.isNull() ? QRect() : window_.intersected(screen_.rect());
   const QPoint target = source.topLeft() - window_.topLeft();
-  painter.drawImage(target, screen_, source);
+  // The background shows only where the buffer does not reach; a full picture skips it.
+  if (!QRect(target, source.size()).contains(rect())) painter.fillRect(rect(), QColor::fromRgb(kBackground));
+  if (!source.isEmpty()) painter.drawImage(target, screen_, source);
+  for (const Overlay& overlay : overlays_) painter.drawImage(overlay.at, overlay.image);
 }
 
 void IndexedPictureBox::mousePressEvent(QMouseEvent* event) {

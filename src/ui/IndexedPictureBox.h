@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QImage>
+#include <QList>
 #include <QRect>
 #include <QWidget>
 #include <array>
@@ -20,6 +21,16 @@ class IndexedPictureBox : public QWidget {
   Q_OBJECT
 
  public:
+  // Where a picture box shows no buffer, as an empty picture box of the editor always looked.
+  static constexpr QRgb kBackground = 0xFF404040u;
+
+  // A small finished picture laid over the buffer at a place on the picture (the event view's
+  // blended markers).
+  struct Overlay {
+    QPoint at;
+    QImage image;
+  };
+
   explicit IndexedPictureBox(const QString& name, QWidget* parent = nullptr);
 
   // Entries 0..255 of the table are used (a byte cannot name entry 256). An unchanged table
@@ -34,9 +45,12 @@ class IndexedPictureBox : public QWidget {
   // The part of the buffer shown at the picture's top-left corner: width × height pixels from
   // (x, y). What lies outside the buffer or the window shows the background.
   void SetSourceWindow(const QRect& window);
+  // Replaces the pictures drawn over the buffer, in their order.
+  void SetOverlays(QList<Overlay> overlays);
 
   const IndexedImage& Buffer() const { return indices_; }
   const QRect& SourceWindow() const { return window_; }
+  const QList<Overlay>& Overlays() const { return overlays_; }
   // How many times a buffer or colour change was converted to screen colours.
   int Conversions() const { return conversions_; }
   // The colour a buffer pixel shows with, as 0xFFRRGGBB.
@@ -65,6 +79,7 @@ class IndexedPictureBox : public QWidget {
   IndexedImage indices_;
   QImage screen_;
   QRect window_;
+  QList<Overlay> overlays_;
   std::array<QRgb, 256> lut_{};
   int conversions_ = 0;
 };
