@@ -9,13 +9,10 @@
 #include <QApplication>
 #include <QScrollBar>
 #include <QTabBar>
-#include <filesystem>
-#include <fstream>
 #include <memory>
-#include <random>
 
 #include "BenchSupport.h"
-#include "app/SettingsStore.h"
+#include "ui/BenchEditor.h"
 #include "demo/DemoWorld.h"
 #include "ui/EventPage.h"
 #include "ui/EventViewController.h"
@@ -23,7 +20,6 @@
 #include "ui/IndexedPictureBox.h"
 #include "ui/MainWindow.h"
 #include "ui/MapView.h"
-#include "ui/Prompter.h"
 
 namespace kartova {
 namespace {
@@ -33,14 +29,6 @@ constexpr int kPictureHeight = 1080;
 // The crowd's map comes after the two cave maps of map bank 3.
 constexpr int kBank = 2;
 constexpr int kMap = 2;
-
-class SilentPrompter : public Prompter {
- public:
-  Answer Message(const QString&, const QString&, Buttons, Icon) override { return Answer::kNo; }
-  std::optional<QString> OpenFile(const QString&, const QString&, const QStringList&) override { return {}; }
-  std::optional<QString> SaveFile(const QString&, const QString&, const QStringList&) override { return {}; }
-  void OpenDocument(const QString&) override {}
-};
 
 // 40 x 24 blocks of the outdoor tileset with ten rows of ten people, five tiles apart
 // sideways and three downwards, all inside the first 1920 × 1080 pixels of the view.
@@ -58,38 +46,21 @@ std::vector<std::uint8_t> CrowdRom() {
   return DemoRomBuilder().Map(kBank + 1, map).Build();
 }
 
-// The editor in a program directory of its own, the crowd's map loaded on the event tab.
+// The editor with the crowd's map loaded on the event tab.
 class Editor {
  public:
-  Editor()
-      : dir_(std::filesystem::temp_directory_path() /
-             ("kartova-event-bench-" + std::to_string(std::random_device{}()))),
-        rom_(CrowdRom()) {
-    const std::filesystem::path program = dir_ / "program";
-    std::filesystem::create_directories(program);
-    settings_ = std::make_unique<SettingsStore>(program.string(), (dir_ / "registry.ini").string());
-    settings_->WriteRegistry("Settings", "DefaultPropertyPath", "ini");
-    std::ofstream(settings_->IniPath()) << "[Settings]\nDefaultPropertyPath=ini\n" << DemoDefinitionIni() << "\n";
-    window_ = std::make_unique<MainWindow>(*settings_, prompter_, QString::fromStdString(program.string()));
-    StartupOptions options;
-    options.rom_path = QString::fromStdString(rom_.path());
-    window_->set_startup_options(options);
-    window_->Start();
-    window_->show();
-    if (window_->event_zoom() != 2) window_->menu().Item(QStringLiteral("mnuEventZoom"))->trigger();
-    window_->tab_strip()->setCurrentIndex(MainWindow::kEventTab);
+  Editor() : rom_(CrowdRom()), editor_(rom_.path()) {
+    MainWindow& window = editor_.window();
+    window.show();
+    if (window.event_zoom() != 2) window.menu().Item(QStringLiteral("mnuEventZoom"))->trigger();
+    window.tab_strip()->setCurrentIndex(MainWindow::kEventTab);
     FitPicture();
-    window_->SwitchToMap(kBank, kMap);
+    window.SwitchToMap(kBank, kMap);
     QCoreApplication::processEvents();
   }
-  ~Editor() {
-    window_.reset();
-    std::error_code ec;
-    std::filesystem::remove_all(dir_, ec);
-  }
 
-  MainWindow& window() { return *window_; }
-  MapView& view() { return *window_->event_page()->event_view(); }
+  MainWindow& window() { return editor_.window(); }
+  MapView& view() { return *window().event_page()->event_view(); }
   IndexedPictureBox& picture() { return *view().picture(); }
 
  private:
@@ -99,16 +70,13 @@ class Editor {
       QCoreApplication::processEvents();
       const QSize lack(kPictureWidth - picture().width(), kPictureHeight - picture().height());
       if (lack.isNull()) return;
-      window_->resize(window_->size() + lack);
+      window().resize(window().size() + lack);
     }
     QCoreApplication::processEvents();
   }
 
-  std::filesystem::path dir_;
   bench::TempRom rom_;
-  std::unique_ptr<SettingsStore> settings_;
-  SilentPrompter prompter_;
-  std::unique_ptr<MainWindow> window_;
+  bench::BenchEditor editor_;
 };
 
 void Report(benchmark::State& state, Editor& editor, int rebuilds) {

@@ -10,14 +10,11 @@
 #include <QScrollBar>
 #include <QStatusBar>
 #include <algorithm>
-#include <filesystem>
-#include <fstream>
 #include <memory>
-#include <random>
 #include <vector>
 
 #include "BenchSupport.h"
-#include "app/SettingsStore.h"
+#include "ui/BenchEditor.h"
 #include "demo/DemoWorld.h"
 #include "ui/BlockChooserView.h"
 #include "ui/GraphicsController.h"
@@ -25,7 +22,6 @@
 #include "ui/MainWindow.h"
 #include "ui/MapPage.h"
 #include "ui/MapView.h"
-#include "ui/Prompter.h"
 
 namespace kartova {
 namespace {
@@ -34,59 +30,32 @@ namespace {
 constexpr int kBank = demo::kHafen.bank - 1;
 constexpr int kMap = demo::kHafen.number - 1;
 
-// Answers every question with "Nein" (the unsaved strokes of the benchmark are dropped) and
-// every dialog with "cancel".
-class QuietPrompter : public Prompter {
- public:
-  Answer Message(const QString&, const QString&, Buttons, Icon) override { return Answer::kNo; }
-  std::optional<QString> OpenFile(const QString&, const QString&, const QStringList&) override { return {}; }
-  std::optional<QString> SaveFile(const QString&, const QString&, const QStringList&) override { return {}; }
-  void OpenDocument(const QString&) override {}
-};
-
 // The editor with the demo definition in its own program directory, the demo ROM given on the
 // command line, the largest map loaded.
 class Editor {
  public:
-  Editor()
-      : dir_(std::filesystem::temp_directory_path() /
-             ("kartova-ui-bench-" + std::to_string(std::random_device{}()))) {
-    const std::filesystem::path program = dir_ / "program";
-    std::filesystem::create_directories(program);
-    settings_ = std::make_unique<SettingsStore>(program.string(), (dir_ / "registry.ini").string());
-    settings_->WriteRegistry("Settings", "DefaultPropertyPath", "ini");
-    std::ofstream(settings_->IniPath()) << "[Settings]\nDefaultPropertyPath=ini\n" << DemoDefinitionIni() << "\n";
-    window_ = std::make_unique<MainWindow>(*settings_, prompter_, QString::fromStdString(program.string()));
-    StartupOptions options;
-    options.rom_path = QString::fromStdString(bench::DemoRomPath());
-    window_->set_startup_options(options);
-    window_->Start();
-    window_->resize(1280, 900);
-    window_->show();
+  Editor() : editor_(bench::DemoRomPath()) {
+    window().resize(1280, 900);
+    window().show();
     QCoreApplication::processEvents();
     ReloadMap();
-  }
-  ~Editor() {
-    window_.reset();
-    std::error_code ec;
-    std::filesystem::remove_all(dir_, ec);
   }
 
   // Loads the map again, which also empties the edit history.
   void ReloadMap() {
-    window_->SwitchToMap(kBank, kMap);
+    window().SwitchToMap(kBank, kMap);
     QCoreApplication::processEvents();
   }
-  MainWindow& window() { return *window_; }
-  IndexedPictureBox* picture() { return window_->map_page()->map_view()->picture(); }
+  MainWindow& window() { return editor_.window(); }
+  IndexedPictureBox* picture() { return window().map_page()->map_view()->picture(); }
 
   // Centres of the map cells wholly on the picture, row after row and every other row
   // backwards, then the same way back, so that each step goes to a neighbouring cell.
   std::vector<QPoint> DragPath() {
-    const int s = window_->graphics()->map_block_size();
-    const MapView& view = *window_->map_page()->map_view();
+    const int s = window().graphics()->map_block_size();
+    const MapView& view = *window().map_page()->map_view();
     const int h = view.h_scroll()->value(), v = view.v_scroll()->value();
-    const ExtendedMap& grid = window_->document().Grid();
+    const ExtendedMap& grid = window().document().Grid();
     std::vector<QPoint> path;
     int rows = 0;
     for (int y = 3; y < 3 + grid.MapHeight(); ++y) {
@@ -105,10 +74,7 @@ class Editor {
   }
 
  private:
-  std::filesystem::path dir_;
-  std::unique_ptr<SettingsStore> settings_;
-  QuietPrompter prompter_;
-  std::unique_ptr<MainWindow> window_;
+  bench::BenchEditor editor_;
 };
 
 std::unique_ptr<Editor> g_editor;
