@@ -4,6 +4,7 @@
 #include <cstdint>
 #include <initializer_list>
 #include <optional>
+#include <tuple>
 #include <vector>
 
 #include "events/EventGeometry.h"
@@ -18,6 +19,7 @@ using Bytes = std::vector<std::uint8_t>;
 // Scrolled by half a tile plus two tiles across and a quarter tile plus one tile down: the first
 // visible tile is column -4, row -5, the last column 6, row 3.
 constexpr EventViewport kView{.h_scroll = 40, .v_scroll = 20, .width = 160, .height = 128, .cell = 16};
+constexpr EventViewport kSmall{.h_scroll = 40, .v_scroll = 20, .width = 160, .height = 128, .cell = 8};
 
 Bytes Warp(int x, int y) { return {static_cast<std::uint8_t>(y), static_cast<std::uint8_t>(x), 1, 1, 1}; }
 Bytes Person(int x, int y) {  // map tiles; stored 4 further on
@@ -33,52 +35,41 @@ Bytes Join(std::initializer_list<Bytes> records) {
 }
 
 TEST(EventGeometryTest, TileUnderMouseFollowsScrollAndZoom) {
-  EXPECT_EQ(TileUnderMouse(kView, 0, 0), (EventTile{-4, -5}));
-  EXPECT_EQ(TileUnderMouse(kView, 7, 11), (EventTile{-4, -5}));
-  EXPECT_EQ(TileUnderMouse(kView, 8, 12), (EventTile{-3, -4}));
-  EXPECT_EQ(TileUnderMouse(kView, -1, -4), (EventTile{-4, -5}));  // still in the half tile
-  EXPECT_EQ(TileUnderMouse(kView, -9, -5), (EventTile{-5, -6}));  // left of the picture
-  EventViewport small = kView;
-  small.cell = 8;
-  EXPECT_EQ(TileUnderMouse(small, 7, 3), (EventTile{-1, -4}));
-  EXPECT_EQ(TileUnderMouse(small, 8, 4), (EventTile{0, -3}));
-  EXPECT_EQ(TileUnderMouse(EventViewport{.width = 10, .height = 10}, 0, 0), (EventTile{-6, -6}));
+  const std::tuple<EventViewport, int, int, EventTile> cases[] = {
+      {kView, 0, 0, {-4, -5}},   {kView, 7, 11, {-4, -5}}, {kView, 8, 12, {-3, -4}},
+      {kView, -1, -4, {-4, -5}},  // still in the half tile
+      {kView, -9, -5, {-5, -6}},  // left of the picture
+      {kSmall, 7, 3, {-1, -4}},  {kSmall, 8, 4, {0, -3}},  {{.width = 10, .height = 10}, 0, 0, {-6, -6}}};
+  for (const auto& [view, x, y, tile] : cases) EXPECT_EQ(TileUnderMouse(view, x, y), tile) << x << "," << y;
 }
 
-TEST(EventGeometryTest, SelectionMarkerSitsOnVisibleEventsOnly) {
+TEST(EventGeometryTest, StoredPositionsAndTheSelectionMarkerOnVisibleEventsOnly) {
   MapEventSet events;
   events.SetRecords(kEventWarp, Join({Warp(3, 2), Warp(6, 3), Warp(7, 3), Warp(3, 4)}));
+  events.SetRecords(kEventTrigger, {0, 5, 6, 0, 0, 0, 0, 0});
+  events.SetRecords(kEventSign, {5, 6, 0, 0, 0});
   events.SetRecords(kEventPeople, Join({Person(3, 2), Person(7, 0)}));
   events.SetRecords(kEventEnter, Bytes(4, 0));
-  EXPECT_EQ(SelectionMarkerPosition(events, kEventWarp, 0, kView), (PixelPoint{104, 108}));
-  EXPECT_EQ(SelectionMarkerPosition(events, kEventWarp, 1, kView), (PixelPoint{152, 124}));  // partly
-  EXPECT_EQ(SelectionMarkerPosition(events, kEventWarp, 2, kView), std::nullopt);
-  EXPECT_EQ(SelectionMarkerPosition(events, kEventWarp, 3, kView), std::nullopt);
-  EXPECT_EQ(SelectionMarkerPosition(events, kEventPeople, 0, kView), (PixelPoint{104, 108}));
-  EXPECT_EQ(SelectionMarkerPosition(events, kEventPeople, 1, kView), std::nullopt);
-  EXPECT_EQ(SelectionMarkerPosition(events, kEventEnter, 0, kView), std::nullopt);
-  EXPECT_EQ(SelectionMarkerPosition(events, kEventWarp, kNoEventIndex, kView), std::nullopt);
-  EXPECT_THROW(SelectionMarkerPosition(events, kEventWarp, 4, kView), RuntimeError);
+  EXPECT_EQ(StoredPosition(events, kEventTrigger, 0), (EventTile{6, 5}));
+  EXPECT_EQ(StoredPosition(events, kEventSign, 0), (EventTile{6, 5}));
+  EXPECT_EQ(StoredPosition(events, kEventPeople, 0), (EventTile{7, 6}));
+  EXPECT_THROW(StoredPosition(events, kEventEnter, 0), RuntimeError);
+  EXPECT_THROW(StoredPosition(events, kEventWarp, 4), RuntimeError);
 
   EventViewport right = kView;
   right.h_scroll = 200;  // first visible column 6, half a tile cut off
-  EXPECT_EQ(SelectionMarkerPosition(events, kEventWarp, 0, right), std::nullopt);
-  EXPECT_EQ(SelectionMarkerPosition(events, kEventWarp, 1, right), (PixelPoint{-8, 124}));
+  const std::tuple<int, int, EventViewport, std::optional<PixelPoint>> marks[] = {
+      {kEventWarp, 0, kView, PixelPoint{104, 108}}, {kEventWarp, 1, kView, PixelPoint{152, 124}},  // partly
+      {kEventWarp, 2, kView, std::nullopt},         {kEventWarp, 3, kView, std::nullopt},
+      {kEventPeople, 0, kView, PixelPoint{104, 108}}, {kEventPeople, 1, kView, std::nullopt},
+      {kEventEnter, 0, kView, std::nullopt},        {kEventWarp, kNoEventIndex, kView, std::nullopt},
+      {kEventWarp, 0, right, std::nullopt},         {kEventWarp, 1, right, PixelPoint{-8, 124}}};
+  for (const auto& [kind, index, view, mark] : marks)
+    EXPECT_EQ(SelectionMarkerPosition(events, kind, index, view), mark) << kind << " " << index;
+  EXPECT_THROW(SelectionMarkerPosition(events, kEventWarp, 4, kView), RuntimeError);
   EXPECT_EQ(CellOnPicture(kEventWarp, {3, 2}, right), (PixelPoint{-56, 108}));
   EXPECT_TRUE(StoredPositionVisible(kEventPeople, {4, -1}, kView));
   EXPECT_FALSE(StoredPositionVisible(kEventPeople, {3, 8}, kView));
-}
-
-TEST(EventGeometryTest, StoredPositionReadsEachKindsBytes) {
-  MapEventSet events;
-  events.SetRecords(kEventTrigger, {0, 5, 6, 0, 0, 0, 0, 0});
-  events.SetRecords(kEventSign, {5, 6, 0, 0, 0});
-  events.SetRecords(kEventPeople, Person(1, 2));
-  EXPECT_EQ(StoredPosition(events, kEventTrigger, 0), (EventTile{6, 5}));
-  EXPECT_EQ(StoredPosition(events, kEventSign, 0), (EventTile{6, 5}));
-  EXPECT_EQ(StoredPosition(events, kEventPeople, 0), (EventTile{5, 6}));
-  EXPECT_THROW(StoredPosition(events, kEventTime, 0), RuntimeError);
-  EXPECT_THROW(StoredPosition(events, kEventWarp, 0), RuntimeError);
 }
 
 TEST(EventGeometryTest, HitTestSelectsTheFirstAndMovesEachListToItsLast) {
@@ -88,16 +79,14 @@ TEST(EventGeometryTest, HitTestSelectsTheFirstAndMovesEachListToItsLast) {
   events.SetRecords(kEventSign, {3, 2, 0, 0, 0});              // row 3, not the tile
   events.SetRecords(kEventPeople, Join({Person(0, 0), Person(3, 2)}));
   const EventHits hits = HitTest(events, {3, 2});
-  EXPECT_EQ(hits.first_kind, kEventWarp);
-  EXPECT_EQ(hits.first_index, 0);
+  EXPECT_EQ(std::pair(hits.first_kind, hits.first_index), std::pair(int{kEventWarp}, 0));
   EXPECT_EQ(hits.last_in_kind, (std::array<int, 4>{2, 0, -1, 1}));
-
-  MapEventSet people_only;
-  people_only.SetRecords(kEventPeople, Join({Person(3, 2), Person(-4, -4)}));
-  const EventHits margin = HitTest(people_only, {-4, -4});  // stored 0, 0
-  EXPECT_EQ(margin.first_kind, kEventPeople);
-  EXPECT_EQ(margin.first_index, 1);
   EXPECT_FALSE(HitTest(events, {-1, 7}).Any());
+
+  events.SetRecords(kEventWarp, {});
+  events.SetRecords(kEventPeople, Join({Person(3, 2), Person(-4, -4)}));
+  const EventHits margin = HitTest(events, {-4, -4});  // stored 0, 0
+  EXPECT_EQ(std::pair(margin.first_kind, margin.first_index), std::pair(int{kEventPeople}, 1));
 }
 
 TEST(EventGeometryTest, MoveClampsToMapAndMarginAndWritesChangedAxesOnly) {
@@ -110,17 +99,15 @@ TEST(EventGeometryTest, MoveClampsToMapAndMarginAndWritesChangedAxesOnly) {
   Bytes person = Person(3, 2);
   move = MoveEvent(kEventPeople, person, -10, 100, {7, 6}, 10, 8);
   EXPECT_EQ(move.stored, (EventTile{0, 25}));  // stored: 0 .. 29 across, 0 .. 25 down
-  EXPECT_EQ(person[2], 0);
-  EXPECT_EQ(person[1], 25);
+  EXPECT_EQ(person, Person(-4, 21));
 
   Bytes trigger = {0, 5, 9, 0, 0, 0, 0, 0};
   move = MoveEvent(kEventTrigger, trigger, 3, 5, {3, 5}, 10, 8);
   EXPECT_FALSE(move.Changed());
   EXPECT_EQ(trigger[2], 9);  // the drag began at column 3: nothing moved across
   move = MoveEvent(kEventTrigger, trigger, 3, 6, {3, 5}, 10, 8);
-  EXPECT_FALSE(move.x_written);
-  EXPECT_TRUE(move.y_written);
-  EXPECT_EQ(trigger[1], 6);
+  EXPECT_TRUE(!move.x_written && move.y_written);
+  EXPECT_EQ(trigger, (Bytes{0, 6, 9, 0, 0, 0, 0, 0}));
 
   Bytes short_span = {1, 2, 3};
   EXPECT_THROW(MoveEvent(kEventTrigger, short_span, 0, 0, {5, 5}, 10, 8), RuntimeError);
@@ -132,17 +119,13 @@ TEST(EventGeometryTest, MoveClampsToMapAndMarginAndWritesChangedAxesOnly) {
 }
 
 TEST(EventGeometryTest, CentringClampsToTheScrollRange) {
-  ScrollPair centre = CentreOn({3, 2}, kView, 1000, 1000);
-  EXPECT_EQ(centre.h, 10 * 16 - 88);
-  EXPECT_EQ(centre.v, 9 * 16 - 72);
-  EventViewport small = kView;
-  small.cell = 8;
-  centre = CentreOn({0, 0}, small, 1000, 1000);  // would be 56 - 84 and 56 - 68
-  EXPECT_EQ(centre.h, 0);
-  EXPECT_EQ(centre.v, 0);
-  centre = CentreOn({200, 250}, kView, 300, 400);
-  EXPECT_EQ(centre.h, 300);
-  EXPECT_EQ(centre.v, 400);
+  const auto centre = [](EventTile stored, const EventViewport& view, int h_max, int v_max) {
+    const ScrollPair scroll = CentreOn(stored, view, h_max, v_max);
+    return std::pair(scroll.h, scroll.v);
+  };
+  EXPECT_EQ(centre({3, 2}, kView, 1000, 1000), std::pair(10 * 16 - 88, 9 * 16 - 72));
+  EXPECT_EQ(centre({0, 0}, kSmall, 1000, 1000), std::pair(0, 0));  // would be 56 - 84 and 56 - 68
+  EXPECT_EQ(centre({200, 250}, kView, 300, 400), std::pair(300, 400));
 }
 
 }  // namespace

@@ -5,9 +5,6 @@
 
 #include "demo/RomBuilder.h"
 #include "gfx/MapEditing.h"
-#include "maps/RomDocument.h"
-#include "support/MemorySettings.h"
-#include "support/TempDir.h"
 
 namespace kartova {
 namespace {
@@ -33,49 +30,34 @@ TEST(MapEditingTest, CellsFromPositionsAreLimitedToTheGrid) {
   EXPECT_EQ(CellAtPosition(grid, {.block_size = 64}, 130, 64), (MapCell{2, 1}));
   EXPECT_EQ(CellAtPosition(grid, {.block_size = 0}, 3, 3), (MapCell{3, 3}));  // no division by 0
 
-  EXPECT_TRUE(IsMarginCell(grid, {2, 5}));
-  EXPECT_FALSE(IsMarginCell(grid, {3, 3}));
-  EXPECT_FALSE(IsMarginCell(grid, {12, 10}));
-  EXPECT_TRUE(IsMarginCell(grid, {13, 10}));
-  EXPECT_TRUE(IsMarginCell(grid, {12, 11}));
+  for (const MapCell cell : {MapCell{2, 5}, MapCell{13, 10}, MapCell{12, 11}}) EXPECT_TRUE(IsMarginCell(grid, cell));
+  EXPECT_FALSE(IsMarginCell(grid, {3, 3}) || IsMarginCell(grid, {12, 10}));
   EXPECT_EQ(ColumnText(0) + " " + RowText(13), "X: -3 Y: 10");
   EXPECT_EQ(ColumnText(3) + " " + RowText(10), "X: 0 Y: 7");
 }
 
 TEST(MapEditingTest, OffsetTextNamesTheBlockByteOfTheCellInTheRom) {
-  MapDecl decl;
-  decl.width = 11;
-  decl.height = 9;
-  for (int i = 0; i < 99; ++i) decl.blocks.push_back(static_cast<std::uint8_t>(i));
-  const BuiltRom world = RomBuilder().Map(1, MapDecl{}).Map(1, decl).BuildWithLayout();
-  test::TempDir dir;
-  test::WriteFileBytes(dir.File("w.gbc"), world.bytes);
-  RomDocument doc;
-  doc.OpenRom(dir.File("w.gbc"), test::MemorySettings());
-  doc.LoadSelectedMap(0, 1);
-  const std::uint8_t bank = doc.Secondary().BlockDataBank();
-  const std::uint16_t pointer = doc.Secondary().BlockDataPointer();
-
+  const BuiltRom world = RomBuilder().Map(1, {}).Map(1, {.width = 11, .height = 9}).BuildWithLayout();
+  const auto secondary = static_cast<std::size_t>(world.layout.Map(1, 2).secondary_header);
+  const std::uint8_t bank = world.bytes[secondary + 3];
+  const auto pointer = static_cast<std::uint16_t>(world.bytes[secondary + 4] | world.bytes[secondary + 5] << 8);
   const std::int64_t blocks = world.layout.Map(1, 2).blocks;
-  for (const MapCell cell : {MapCell{3, 3}, MapCell{13, 3}, MapCell{7, 8}, MapCell{13, 11}}) {
-    const std::int64_t offset = BlockFileOffset(bank, pointer, 11, cell);
-    EXPECT_EQ(offset, blocks + (cell.y - 3) * 11 + (cell.x - 3));
-    EXPECT_EQ(world.bytes[static_cast<std::size_t>(offset)], doc.Grid().At(cell.x, cell.y));
-  }
+  for (const MapCell cell : {MapCell{3, 3}, MapCell{13, 3}, MapCell{7, 8}, MapCell{13, 11}})
+    EXPECT_EQ(BlockFileOffset(bank, pointer, 11, cell), blocks + (cell.y - 3) * 11 + (cell.x - 3));
+  ExtendedMap grid;
+  grid.Reset(11, 9, 0);
   char expected[32];
   std::snprintf(expected, sizeof expected, "Offset: %06llX", static_cast<long long>(blocks + 5 * 11 + 4));
-  EXPECT_EQ(CellInfoText(doc.Grid(), bank, pointer, {7, 8}), expected);
-  EXPECT_EQ(CellInfoText(doc.Grid(), bank, pointer, {14, 8}), "Rand-Block");
-  EXPECT_EQ(CellInfoText(doc.Grid(), bank, pointer, {7, 2}), "Rand-Block");
+  EXPECT_EQ(CellInfoText(grid, bank, pointer, {7, 8}), expected);
+  EXPECT_EQ(CellInfoText(grid, bank, pointer, {14, 8}), "Rand-Block");
+  EXPECT_EQ(CellInfoText(grid, bank, pointer, {7, 2}), "Rand-Block");
 }
 
 TEST(MapEditingTest, StripsUnderCellsAndOnThePicture) {
   const ExtendedMap grid = GridWithStrips();
-  EXPECT_EQ(ConnectionAt(grid, {0, 5}), kDirectionWest);
-  EXPECT_EQ(ConnectionAt(grid, {2, 9}), kDirectionWest);
-  EXPECT_EQ(ConnectionAt(grid, {2, 10}), -1);
-  EXPECT_EQ(ConnectionAt(grid, {12, 13}), kDirectionSouth);
-  EXPECT_EQ(ConnectionAt(grid, {13, 13}), -1);
+  const std::pair<MapCell, int> cells[] = {
+      {{0, 5}, kDirectionWest}, {{2, 9}, kDirectionWest}, {{2, 10}, -1}, {{12, 13}, kDirectionSouth}, {{13, 13}, -1}};
+  for (const auto& [cell, direction] : cells) EXPECT_EQ(ConnectionAt(grid, cell), direction) << cell.x << "," << cell.y;
   EXPECT_EQ(ConnectionAt(ExtendedMap(), {0, 0}), -1);  // absent strips hold no cells
   EXPECT_EQ(StripOnPicture(grid.Connection(kDirectionWest).rect, {.h_scroll = 10, .v_scroll = 20}),
             (PixelRect{-10, 140, 96, 160}));

@@ -20,6 +20,9 @@ MarkerSet Markers(int size) {
   return set;
 }
 
+// x, y, width, height of a blended cell.
+std::array<int, 4> Box(const BlendedCell& cell) { return {cell.x, cell.y, cell.width, cell.height}; }
+
 class MarkerBlendTest : public ::testing::Test {
  protected:
   MarkerBlendTest() {
@@ -37,39 +40,33 @@ class MarkerBlendTest : public ::testing::Test {
   MarkerSet markers_ = Markers(16);
 };
 
-TEST_F(MarkerBlendTest, MixesHalfAndHalfPerChannel) {
-  EXPECT_EQ(MixMarkerPixel(0xFF0000, 0x0000FF), 0xFF80007Fu);
-  EXPECT_EQ(MixMarkerPixel(0x00C800, 0x006400), 0xFF009600u);  // (200 * 128 + 100 * 127) / 255
-  EXPECT_EQ(Under(3, 2), 0xFF111111u);                         // index 5 + 3 + 7 + 2
-}
-
-TEST_F(MarkerBlendTest, ACellPastTheLeftOrTopEdgeStartsInsideItsMarker) {
+TEST_F(MarkerBlendTest, ThePictureEdgesClipTheCellAndTheMarker) {
   const auto cell = BlendMarker(markers_, shown_, 16, kMarkerWarp, -10, 4);
   ASSERT_TRUE(cell);
-  EXPECT_EQ(cell->x, 0);
-  EXPECT_EQ(cell->y, 4);
-  EXPECT_EQ(cell->width, 6);
-  EXPECT_EQ(cell->height, 16);
+  EXPECT_EQ(Box(*cell), (std::array{0, 4, 6, 16}));
   EXPECT_EQ(cell->pixels[0], MixMarkerPixel(markers_[3].pixels[10], Under(0, 4)));
   EXPECT_EQ(cell->pixels[6 * 15 + 5], MixMarkerPixel(markers_[3].pixels[15 * 16 + 15], Under(5, 19)));
 
   const auto top = BlendMarker(markers_, shown_, 16, kMarkerPeople, 3, -13);
   ASSERT_TRUE(top);
-  EXPECT_EQ(top->height, 3);
+  EXPECT_EQ(Box(*top), (std::array{3, 0, 16, 3}));
   EXPECT_EQ(top->pixels[0], MixMarkerPixel(markers_[0].pixels[13 * 16], Under(3, 0)));
-}
 
-TEST_F(MarkerBlendTest, CellsOffThePictureGiveNothingAndTheEdgesCutTheRest) {
+  // Cells off the picture give nothing; the right and bottom edges cut the rest.
   for (auto [x, y] : {std::pair{-16, 0}, {0, -16}, {40, 0}, {0, 30}, {-2147483647 - 1, 0}})
     EXPECT_FALSE(BlendMarker(markers_, shown_, 16, 0, x, y)) << x << "," << y;
   const auto corner = BlendMarker(markers_, shown_, 16, kMarkerTrigger, 30, 20);
   ASSERT_TRUE(corner);
-  EXPECT_EQ(corner->width * 100 + corner->height, 10 * 100 + 10);
+  EXPECT_EQ(Box(*corner), (std::array{30, 20, 10, 10}));
   EXPECT_EQ(corner->pixels.size(), 100u);
   EXPECT_EQ(corner->pixels[99], MixMarkerPixel(markers_[2].pixels[9 * 16 + 9], Under(39, 29)));
 }
 
-TEST_F(MarkerBlendTest, WhereTheWindowOrBufferEndsTheBackgroundIsUnder) {
+TEST_F(MarkerBlendTest, MixesHalfAndHalfWithWhatIsShownOrTheBackground) {
+  EXPECT_EQ(MixMarkerPixel(0xFF0000, 0x0000FF), 0xFF80007Fu);
+  EXPECT_EQ(MixMarkerPixel(0x00C800, 0x006400), 0xFF009600u);  // (200 * 128 + 100 * 127) / 255
+  EXPECT_EQ(Under(3, 2), 0xFF111111u);                         // index 5 + 3 + 7 + 2
+  // Where the window or the buffer ends, the background is under.
   shown_.window_width = 20;
   shown_.source_y = 90;                                           // ten buffer lines left
   const auto cell = BlendMarker(markers_, shown_, 16, 9, 16, 0);  // kind 9 shows the people's marker
@@ -88,8 +85,8 @@ TEST_F(MarkerBlendTest, EventMarkersGoPeopleFirstAndScaleToTheCell) {
   const EventViewport view{.h_scroll = 6 * 8, .v_scroll = 6 * 8, .width = 40, .height = 30, .cell = 8};
   const auto cells = BlendEventMarkers(Markers(32), shown_, events, view);
   ASSERT_EQ(cells.size(), 2u);
-  EXPECT_EQ(cells[0].x * 100 + cells[0].y, 8 * 100 + 16);  // the person at tile (1, 2)
-  EXPECT_EQ(cells[1].x * 100 + cells[1].y, 8 * 100 + 16);
+  EXPECT_EQ(Box(cells[0]), (std::array{8, 16, 8, 8}));  // the person at tile (1, 2)
+  EXPECT_EQ(Box(cells[1]), (std::array{8, 16, 8, 8}));
   EXPECT_EQ(cells[1].pixels[8 * 1 + 1], MixMarkerPixel(Markers(32)[3].pixels[4 * 32 + 4], Under(9, 17)));
 }
 

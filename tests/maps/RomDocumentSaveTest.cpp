@@ -2,7 +2,6 @@
 
 #include <cerrno>
 #include <filesystem>
-#include <sstream>
 
 #include "demo/DemoRom.h"
 #include "maps/RomDocument.h"
@@ -12,19 +11,9 @@
 namespace kartova {
 namespace {
 
+namespace fs = std::filesystem;
 using Bytes = std::vector<std::uint8_t>;
 constexpr int kM = ExtendedMap::kMargin;
-
-void ReadIni(const std::string& text, test::MemorySettings& settings) {
-  std::istringstream in(text);
-  std::string line, section;
-  while (std::getline(in, line)) {
-    if (line.starts_with('['))
-      section = line.substr(1, line.find(']') - 1);
-    else if (const auto eq = line.find('='); eq != std::string::npos && !line.starts_with(';'))
-      settings.Set(section, line.substr(0, eq), line.substr(eq + 1));
-  }
-}
 
 Bytes Cells(const ExtendedMap& grid) { return {grid.Row(0), grid.Row(0) + grid.Width() * grid.Height()}; }
 
@@ -37,10 +26,9 @@ BuiltRom SmallWorld() {
 
 class RomDocumentSaveTest : public ::testing::Test {
  protected:
-  RomDocumentSaveTest() { ReadIni(DemoDefinitionIni(), settings); }
   void Open(const Bytes& bytes, int bank = 1, int map = 1) {
     test::WriteFileBytes(path, bytes);
-    doc.OpenRom(path, settings);
+    doc.OpenRom(path, test::MemorySettings());
     doc.LoadSelectedMap(bank - 1, map - 1);
   }
   Bytes OnDisk() const { return test::ReadFileBytes(path); }
@@ -49,14 +37,15 @@ class RomDocumentSaveTest : public ::testing::Test {
     primary.bytes[6] = music;
     doc.EditHeaders(primary, doc.Secondary(), "Musik");
   }
+  static void Set(Bytes& bytes, std::int64_t at, std::uint8_t value) { bytes[static_cast<std::size_t>(at)] = value; }
 
   test::TempDir dir;
   std::string path = dir.File("demo.gbc");
-  test::MemorySettings settings;
   RomDocument doc;
   const BuiltRom demo = DemoRomBuilder().BuildWithLayout();
 };
 
+// Also the event round trip of every demo map: a full save writes the events back.
 TEST_F(RomDocumentSaveTest, EveryDemoMapSavesBackByteIdenticalToItsOwnPlaces) {
   Open(demo.bytes);
   int maps = 0;
@@ -67,21 +56,19 @@ TEST_F(RomDocumentSaveTest, EveryDemoMapSavesBackByteIdenticalToItsOwnPlaces) {
       const MapLayout& at = demo.layout.Map(bank + 1, map + 1);
       const SavePlan plan = doc.SaveRegions(kReloadFull);
       ASSERT_FALSE(plan.error);
-      ASSERT_EQ(plan.regions.size(), 5u);
-      const std::int64_t offsets[] = {at.primary_header, at.secondary_header, at.blocks, at.script_header,
-                                      at.event_header + 2};
-      for (std::size_t i = 0; i < 5; ++i) EXPECT_EQ(plan.regions[i].offset, offsets[i]) << i;
-      EXPECT_EQ(plan.regions[2].bytes.size(), std::size_t(doc.MapWidth() * doc.MapHeight()));
+      std::vector<std::int64_t> offsets;
+      for (const FileRegion& region : plan.regions) offsets.push_back(region.offset);
+      EXPECT_EQ(offsets, (std::vector<std::int64_t>{at.primary_header, at.secondary_header, at.blocks,
+                                                     at.script_header, at.event_header + 2}));
       doc.SaveRom(kReloadFull);
       ASSERT_EQ(OnDisk(), demo.bytes);
-      EXPECT_FALSE(doc.IsModified());
     }
   }
   EXPECT_EQ(maps, 13);
 }
 
 TEST_F(RomDocumentSaveTest, EachScopeWritesOnlyItsRegions) {
-  Open(demo.bytes);  // 1.1, the home town
+  Open(demo.bytes);
   const MapLayout& at = demo.layout.Map(1, 1);
   Bytes expected = demo.bytes;
   EditMusic(0x17);
@@ -89,125 +76,102 @@ TEST_F(RomDocumentSaveTest, EachScopeWritesOnlyItsRegions) {
   doc.EndStroke();
   ASSERT_EQ(doc.SaveRegions(kReloadMapOnly).regions.size(), 1u);
   doc.SaveRom(kReloadMapOnly);
-  expected[static_cast<std::size_t>(at.blocks + 20 + 2)] = 0x33;
+  Set(expected, at.blocks + 20 + 2, 0x33);
   EXPECT_EQ(OnDisk(), expected);
-  EXPECT_TRUE(doc.IsModified());  // the header edit is still only in memory
 
   // Broken on disk behind the document's back: both event counts and a byte no save covers.
   Bytes broken = expected;
-  broken[static_cast<std::size_t>(at.script_header)] = 0xEE;
-  broken[static_cast<std::size_t>(at.event_header + 2)] = 0xEE;
-  broken[0x150] = 0xEE;
+  Set(broken, at.script_header, 0xEE);
+  Set(broken, at.event_header + 2, 0xEE);
+  Set(broken, 0x150, 0xEE);
   test::WriteFileBytes(path, broken);
   ASSERT_EQ(doc.SaveRegions(kReloadEventsOnly).regions.size(), 2u);
   doc.SaveRom(kReloadEventsOnly);
-  expected[0x150] = 0xEE;
+  Set(expected, 0x150, 0xEE);
   EXPECT_EQ(OnDisk(), expected);
 
   doc.SaveRom(kReloadFull);
-  expected[static_cast<std::size_t>(at.primary_header + 6)] = 0x17;
+  Set(expected, at.primary_header + 6, 0x17);
   EXPECT_EQ(OnDisk(), expected);
-  EXPECT_FALSE(doc.IsModified());
 }
 
-TEST_F(RomDocumentSaveTest, RowsAreOneRegionAtTheBlockDataAndNothingWithoutAMap) {
+TEST_F(RomDocumentSaveTest, RowsAreOneRegionAtTheBlockDataEvenPastTheEndOfTheFile) {
   EXPECT_TRUE(doc.SaveRegions(kReloadFull).regions.empty());
   const BuiltRom world = SmallWorld();
   test::WriteFileBytes(path, world.bytes);
-  doc.OpenRom(path, settings);
+  doc.OpenRom(path, test::MemorySettings());  // no map loaded: nothing to write
   EXPECT_TRUE(doc.SaveRegions(kReloadFull).regions.empty());
-  doc.SaveRom(kReloadFull);  // no map: nothing to write
+  doc.SaveRom(kReloadFull);
   EXPECT_EQ(OnDisk(), world.bytes);
 
-  doc.LoadSelectedMap(0, 0);
-  doc.PaintCell(kM + 19, kM + 8, 0x40);
-  const SavePlan plan = doc.SaveRegions(kReloadMapOnly);
-  ASSERT_EQ(plan.regions.size(), 1u);
-  const std::int64_t blocks = world.layout.Map(1, 1).blocks;
-  EXPECT_EQ(plan.regions[0].offset, blocks);
-  Bytes rows(world.bytes.begin() + blocks, world.bytes.begin() + blocks + 180);
-  rows[179] = 0x40;
-  EXPECT_EQ(plan.regions[0].bytes, rows);
-
   // Another ROM leaves no map whose buffers could be saved into it.
+  doc.LoadSelectedMap(0, 0);
+  ASSERT_EQ(doc.SaveRegions(kReloadMapOnly).regions.size(), 1u);
   test::WriteFileBytes(dir.File("other.gbc"), world.bytes);
-  doc.OpenRom(dir.File("other.gbc"), settings);
+  doc.OpenRom(dir.File("other.gbc"), test::MemorySettings());
   EXPECT_TRUE(doc.SaveRegions(kReloadMapOnly).regions.empty());
+
+  // Map 1.2's rows in ROM bank 0x80, just behind 2 MiB: the file grows only to their end.
+  Bytes moved = world.bytes;
+  Set(moved, world.layout.Map(1, 2).secondary_header + 3, 0x80);
+  const std::int64_t rows_at = 0x200000 + (world.layout.Map(1, 2).blocks & 0x3FFF);
+  Open(moved, 1, 2);
+  doc.PaintCell(kM + 3, kM + 2, 0x44);
+  doc.SaveRom(kReloadFull);
+  moved.resize(static_cast<std::size_t>(rows_at + 12), 0);  // the border block 0 where nothing was read
+  moved.back() = 0x44;
+  EXPECT_EQ(OnDisk(), moved);
 }
 
-TEST_F(RomDocumentSaveTest, SaveAsCopiesWithTheEditsAndMovesOn) {
+TEST_F(RomDocumentSaveTest, AFailedSaveChangesNothingAndSaveAsCopiesWithTheEdits) {
   Open(demo.bytes);
   doc.PaintCell(kM, kM, 0x21);
   const std::string copy = dir.File("copy.gbc");
-  doc.SaveRomAs(copy);
-  EXPECT_EQ(OnDisk(), demo.bytes);
-  Bytes expected = demo.bytes;
-  expected[static_cast<std::size_t>(demo.layout.Map(1, 1).blocks)] = 0x21;
-  EXPECT_EQ(test::ReadFileBytes(copy), expected);
-  EXPECT_EQ(doc.RomPath(), copy);
-  EXPECT_FALSE(doc.IsModified());
-
-  EditMusic(0x05);
-  doc.SaveRomAs(copy);  // onto itself: saved in place
-  expected[static_cast<std::size_t>(demo.layout.Map(1, 1).primary_header + 6)] = 0x05;
-  EXPECT_EQ(test::ReadFileBytes(copy), expected);
-  EXPECT_EQ(OnDisk(), demo.bytes);
-
-  std::filesystem::remove(copy);  // gone behind the document's back: not rebuilt from one map
-  EXPECT_THROW(doc.SaveRomAs(copy), FileWriteError);
-  EXPECT_FALSE(std::filesystem::exists(copy));
-}
-
-TEST_F(RomDocumentSaveTest, AFailedSaveChangesNothing) {
-  Open(demo.bytes);
-  doc.PaintCell(kM, kM, 0x21);
   doc.SetWriteFaultHook([](WriteStep step) { return step == WriteStep::kWrite ? ENOSPC : 0; });
   for (int scope : {kReloadFull, kReloadMapOnly, kReloadEventsOnly}) {
     try {
       doc.SaveRom(scope);
       ADD_FAILURE() << "saved scope " << scope;
     } catch (const FileWriteError& error) {
-      EXPECT_EQ(error.reason(), "No space left on device");
-      EXPECT_EQ(error.path(), path);
+      EXPECT_EQ(error.path() + ": " + error.reason(), path + ": No space left on device");
     }
   }
-  EXPECT_THROW(doc.SaveRomAs(dir.File("copy.gbc")), FileWriteError);
+  EXPECT_THROW(doc.SaveRomAs(copy), FileWriteError);
   EXPECT_EQ(doc.RomPath(), path);
-  EXPECT_FALSE(std::filesystem::exists(dir.File("copy.gbc")));
   EXPECT_EQ(OnDisk(), demo.bytes);
   EXPECT_TRUE(doc.IsModified());
-  EXPECT_EQ(std::distance(std::filesystem::directory_iterator(dir.path()), {}), 1);  // no temporary left
-}
+  EXPECT_EQ(std::distance(fs::directory_iterator(dir.path()), {}), 1);  // no copy, no temporary
 
-TEST_F(RomDocumentSaveTest, RowsPastTheEndLengthenTheFileOnlyToTheirEnd) {
-  const BuiltRom world = SmallWorld();
-  Bytes moved = world.bytes;
-  const std::int64_t secondary = world.layout.Map(1, 2).secondary_header;
-  moved[static_cast<std::size_t>(secondary + 3)] = 0x80;  // ROM bank 0x80: just behind 2 MiB
-  const std::int64_t rows_at = 0x200000 + (world.layout.Map(1, 2).blocks & 0x3FFF);
-  Open(moved, 1, 2);
-  ASSERT_EQ(doc.SaveRegions(kReloadMapOnly).regions[0].offset, rows_at);
-  doc.PaintCell(kM + 3, kM + 2, 0x44);
-  doc.SaveRom(kReloadFull);
-  Bytes expected = moved;
-  expected.resize(static_cast<std::size_t>(rows_at + 12), 0);  // the border block 0 where nothing was read
-  expected.back() = 0x44;
-  EXPECT_EQ(OnDisk(), expected);
+  doc.SetWriteFaultHook({});
+  doc.SaveRomAs(copy);
+  EXPECT_EQ(OnDisk(), demo.bytes);
+  Bytes expected = demo.bytes;
+  Set(expected, demo.layout.Map(1, 1).blocks, 0x21);
+  EXPECT_EQ(test::ReadFileBytes(copy), expected);
+  EXPECT_EQ(doc.RomPath(), copy);
+  EXPECT_FALSE(doc.IsModified());
+  EditMusic(0x05);
+  doc.SaveRomAs(copy);  // onto itself: saved in place
+  Set(expected, demo.layout.Map(1, 1).primary_header + 6, 0x05);
+  EXPECT_EQ(test::ReadFileBytes(copy), expected);
+  fs::remove(copy);  // gone behind the document's back: not rebuilt from one map
+  EXPECT_THROW(doc.SaveRomAs(copy), FileWriteError);
+  EXPECT_FALSE(fs::exists(copy));
 }
 
 TEST_F(RomDocumentSaveTest, WildSizesSaveExportAndImportWithoutHarm) {
   const BuiltRom world = SmallWorld();
+  const std::string file = dir.File("wild.map");
   for (const auto& [w, h] : {std::pair{0, 0}, {0, 255}, {255, 0}, {255, 255}}) {
     SCOPED_TRACE(testing::Message() << w << " x " << h);
     Bytes sized = world.bytes;
-    sized[static_cast<std::size_t>(world.layout.Map(1, 1).secondary_header + 1)] = static_cast<std::uint8_t>(h);
-    sized[static_cast<std::size_t>(world.layout.Map(1, 1).secondary_header + 2)] = static_cast<std::uint8_t>(w);
+    Set(sized, world.layout.Map(1, 1).secondary_header + 1, static_cast<std::uint8_t>(h));
+    Set(sized, world.layout.Map(1, 1).secondary_header + 2, static_cast<std::uint8_t>(w));
     Open(sized);
     EXPECT_FALSE(doc.PaintCell(kM, kM + h, 1));
     doc.SaveRom(kReloadFull);
     EXPECT_EQ(OnDisk(), sized);
-    const std::string file = dir.File("wild.map");
-    std::filesystem::remove(file);
+    fs::remove(file);
     doc.ExportMap(file);
     EXPECT_EQ(test::ReadFileBytes(file).size(), std::size_t(1 + w * h));
     const Bytes before = Cells(doc.Grid());
@@ -228,30 +192,32 @@ TEST_F(RomDocumentSaveTest, MapFilesRoundTripAndImportByTheEditorsRules) {
   const Bytes painted = Cells(doc.Grid());
   test::WriteFileBytes(file, Bytes(300, 0x77));
   doc.ExportMap(file);
-  Bytes exported = test::ReadFileBytes(file);
+  const Bytes exported = test::ReadFileBytes(file);
   ASSERT_EQ(exported.size(), 300u);  // the tail of a longer file stays
   EXPECT_EQ(Bytes(exported.begin(), exported.begin() + 3), (Bytes{0xFF, 0xFF, 2}));
   EXPECT_EQ(exported[181], 0x77);
   doc.Undo();
-  MapImport imported = doc.ImportMap(file);
+  const MapImport imported = doc.ImportMap(file);
   EXPECT_EQ(imported.blocks_read, 180u);
   EXPECT_TRUE(imported.change.whole_map);
   EXPECT_EQ(Cells(doc.Grid()), painted);
   EXPECT_EQ(doc.History().UndoText(), "Map importieren");
 
-  // Without the marker the data starts at byte 0; a short file changes only what it holds.
+  // Without the marker the data starts at byte 0; a short file changes only what it holds and
+  // never the border cells.
   test::WriteFileBytes(file, {0x30, 0x31, 0x32});
   EXPECT_EQ(doc.ImportMap(file).blocks_read, 3u);
   Bytes expected = painted;
   const std::size_t first = kM * (20 + 2 * kM) + kM;
   for (std::uint8_t i = 0; i < 3; ++i) expected[first + i] = 0x30 + i;
-  EXPECT_EQ(Cells(doc.Grid()), expected);  // the border cells never change
+  EXPECT_EQ(Cells(doc.Grid()), expected);
 
+  // An empty file and a missing one (created empty) change nothing; a directory is refused.
   const std::size_t steps = doc.History().Count();
+  test::WriteFileBytes(dir.File("empty.map"), {});
   for (const std::string& nothing : {dir.File("empty.map"), dir.File("missing.map")}) {
-    if (nothing.ends_with("empty.map")) test::WriteFileBytes(nothing, {});
     EXPECT_EQ(doc.ImportMap(nothing).blocks_read, 0u);
-    EXPECT_TRUE(std::filesystem::exists(nothing));
+    EXPECT_TRUE(fs::exists(nothing));
   }
   EXPECT_EQ(Cells(doc.Grid()), expected);
   EXPECT_EQ(doc.History().Count(), steps);

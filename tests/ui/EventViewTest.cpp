@@ -5,7 +5,6 @@
 #include "EditorFixture.h"
 #include "GraphicsViewHelpers.h"
 #include "demo/DemoRom.h"
-#include "events/EventFields.h"
 #include "events/EventGeometry.h"
 #include "events/MapEventSet.h"
 #include "gfx/MarkerBlend.h"
@@ -17,11 +16,10 @@
 namespace kartova::test {
 namespace {
 
-using Bytes = std::vector<std::uint8_t>;
+const QLine kNoLine(-10, -10, -10, -10);
 
-// The event tab on Mühlental (demo map 1.1, 20 x 16 blocks) at event zoom 2 (cells of 32
-// pixels): warps 0 and 1 lead into the house (1.5) and the shop (1.6), whose exits lead back
-// to them; person 0 stands on tile (22, 14).
+// The event tab on Mühlental (1.1, 20 x 16 blocks) at event zoom 2 (32-pixel cells): warps 0 and 1
+// lead into the house (1.5) and the shop (1.6) and back; person 0 stands on tile (22, 14).
 class EventViewTest : public EditorTest {
  protected:
   void SetUp() override {
@@ -32,15 +30,12 @@ class EventViewTest : public EditorTest {
   MapView& View() const { return *window_->event_page()->event_view(); }
   EventPage& Page() const { return *window_->event_page(); }
   EventViewController& Controller() const { return *window_->event_view_controller(); }
-  int H() const { return View().h_scroll()->value(); }
-  int V() const { return View().v_scroll()->value(); }
-  EventViewport Viewport() const { return {H(), V(), picture_->width(), picture_->height(), 32}; }
-  EventTile Stored(int kind, int index) const { return StoredPosition(Document().Events(), kind, index); }
-  Bytes Record(int kind, int index) const {
-    const auto record = Document().Events().Record(kind, index);
-    return {record.begin(), record.end()};
+  std::pair<int, int> Scroll() const { return {View().h_scroll()->value(), View().v_scroll()->value()}; }
+  EventViewport Viewport() const {
+    return {Scroll().first, Scroll().second, picture_->width(), picture_->height(), 32};
   }
-  // Corner and middle of an event's cell on the picture.
+  EventTile Stored(int kind, int index) const { return StoredPosition(Document().Events(), kind, index); }
+  // Corner and middle of an event's cell on the picture; the selection frame's corner.
   QPoint Corner(int kind, int index) const {
     const PixelPoint at = CellOnPicture(kind, Stored(kind, index), Viewport());
     return {at.x, at.y};
@@ -48,91 +43,89 @@ class EventViewTest : public EditorTest {
   QPoint At(int kind, int index) const { return Corner(kind, index) + QPoint(16, 16); }
   QPoint FramePlace() const { return Controller().selection_marker()->pos(); }
   std::pair<int, int> Selected() const { return {Page().selected_kind(), Page().selected_index()}; }
+  static std::pair<int, int> Event(int kind, int index) { return {kind, index}; }
+  // The map loaded and the one chosen in the selector.
+  std::pair<int, int> Maps() const { return {Document().SelectedMap(), window_->map_selector()->map_index()}; }
 
   void Press(QPoint p) { QTest::mousePress(picture_, Qt::LeftButton, {}, p); }
   void MoveTo(QPoint p) { QTest::mouseMove(picture_, p); }
   void Release(QPoint p) { QTest::mouseRelease(picture_, Qt::LeftButton, {}, p); }
-  void ClickAt(QPoint p) {
+  void Drag(QPoint from, QPoint by) {
+    Press(from);
+    MoveTo(from + by);
+    Release(from + by);
+  }
+  // A double click comes from Qt as press, release, double click, release.
+  void ClickAt(QPoint p, bool twice = false) {
     Press(p);
     Release(p);
-  }
-  // Qt sends press, release, double click, release.
-  void DoubleClickAt(QPoint p) {
-    ClickAt(p);
+    if (!twice) return;
     QTest::mouseDClick(picture_, Qt::LeftButton, {}, p);
     Release(p);
   }
-  // Scrolls so that the event's cell lies well inside the picture.
-  void Show(int kind, int index) {
+  // The scroll values that put an event's cell well inside the picture, and scrolling there.
+  std::pair<int, int> Centre(int kind, int index) const {
     const ScrollPair centre =
         CentreOn(Stored(kind, index), Viewport(), View().h_scroll()->maximum(), View().v_scroll()->maximum());
-    View().h_scroll()->setValue(centre.h);
-    View().v_scroll()->setValue(centre.v);
+    return {centre.h, centre.v};
+  }
+  void Show(int kind, int index) { ScrollTo(Centre(kind, index)); }
+  void ScrollTo(std::pair<int, int> scroll) {
+    View().h_scroll()->setValue(scroll.first);
+    View().v_scroll()->setValue(scroll.second);
   }
   // The colour the picture shows at p, and what it would show without markers.
   QRgb Shown(QPoint p) const { return Shot(picture_).pixel(p); }
   QRgb Bare(QPoint p) const { return ExpectedMapColour(Document(), View(), 2, p.x(), p.y()); }
-  // A marker picture's pixel mixed over the bare map at p, inside the cell whose corner is given.
-  QRgb Marked(const char* name, QPoint corner, QPoint p) const {
+  // Whether the cell at corner shows the marker picture mixed half over the map at offset d.
+  bool Marks(const char* name, QPoint corner, QPoint d = {16, 8}) const {
     const QImage marker(QStringLiteral(":/markers/") + QLatin1String(name) + QStringLiteral("32.xpm"));
-    return MixMarkerPixel(marker.pixel(p - corner), Bare(p));
+    return Shown(corner + d) == MixMarkerPixel(marker.pixel(d), Bare(corner + d));
   }
 
   IndexedPictureBox* picture_ = nullptr;
 };
 
-TEST_F(EventViewTest, MarkersAreMixedHalfOverTheMapAtTheirCells) {
+TEST_F(EventViewTest, MarkersAreMixedHalfOverTheMapAndAClickSelectsAndFramesTheEvent) {
   ASSERT_EQ(window_->graphics()->event_cell_size(), 32);
-  Show(kEventWarp, 0);
-  const QPoint warp = Corner(kEventWarp, 0);
-  for (QPoint d : {QPoint(16, 16), QPoint(3, 27), QPoint(28, 3)})
-    EXPECT_EQ(Shown(warp + d), Marked("warp", warp, warp + d)) << d.x() << "," << d.y();
+  Show(kEventWarp, 1);
+  const QPoint warp = Corner(kEventWarp, 1);
+  for (QPoint d : {QPoint(16, 16), QPoint(3, 27), QPoint(28, 3)}) EXPECT_TRUE(Marks("warp", warp, d)) << d.x();
   for (QPoint d : {QPoint(-1, 16), QPoint(16, 32)}) EXPECT_EQ(Shown(warp + d), Bare(warp + d));
+  ClickAt(At(kEventWarp, 1));
+  EXPECT_EQ(Selected(), Event(kEventWarp, 1));
+  EXPECT_EQ(Page().event_list(kEventWarp)->currentIndex(), 1);
+  EXPECT_EQ(Controller().selection_marker()->geometry(), QRect(warp, QSize(32, 32)));
 
   // People are stored 4 tiles on, and their marker is drawn where they stand.
   Show(kEventPeople, 0);
-  EXPECT_EQ(Stored(kEventPeople, 0), (EventTile{26, 18}));
   const QPoint person = Corner(kEventPeople, 0);
-  EXPECT_EQ(person, QPoint((22 + 6) * 32 - H(), (14 + 6) * 32 - V()));
-  EXPECT_EQ(Shown(person + QPoint(16, 8)), Marked("people", person, person + QPoint(16, 8)));
-}
-
-TEST_F(EventViewTest, AClickSelectsTheEventUnderItAndFramesIt) {
-  Show(kEventWarp, 1);
-  ClickAt(At(kEventWarp, 1));
-  EXPECT_EQ(Selected(), std::make_pair(0, 1));
-  EXPECT_EQ(Page().event_list(kEventWarp)->currentIndex(), 1);
-  EXPECT_EQ(FramePlace(), Corner(kEventWarp, 1));
-  EXPECT_EQ(Controller().selection_marker()->width(), 32);
-
-  Show(kEventPeople, 0);
+  EXPECT_EQ(person + QPoint(Scroll().first, Scroll().second), QPoint(22 + 6, 14 + 6) * 32);
+  EXPECT_TRUE(Marks("people", person));
   ClickAt(At(kEventPeople, 0));
-  EXPECT_EQ(Selected(), std::make_pair(3, 0));
+  EXPECT_EQ(Selected(), Event(kEventPeople, 0));
+  View().h_scroll()->setValue(Scroll().first - 16);  // the frame follows the scroll
   EXPECT_EQ(FramePlace(), Corner(kEventPeople, 0));
-  // The frame follows the scroll.
-  View().h_scroll()->setValue(H() - 16);
-  EXPECT_EQ(FramePlace(), Corner(kEventPeople, 0));
-  EXPECT_EQ(Document().History().Count(), 0u);  // a click is no move
+  EXPECT_EQ(Document().History().Count(), 0u) << "a click is no move";
 }
 
-TEST_F(EventViewTest, APressOnEmptyGroundPansWithTheDirectionLine) {
+TEST_F(EventViewTest, APressOnEmptyGroundPansStaticallyOrDynamically) {
   Click("mnuScrModeStatic");
   Show(kEventPeople, 0);
   ClickAt(At(kEventPeople, 0));
-  const int h = H(), v = V();
+  const auto [h, v] = Scroll();
   const QPoint start = At(kEventPeople, 0) + QPoint(64, 0);  // two tiles on: nobody there
   Press(start);
-  EXPECT_EQ(Controller().drag_origin(), (EventTile{255, 255}));
   MoveTo(start + QPoint(-40, 25));
-  EXPECT_EQ(H() * 1000 + V(), (h - 40) * 1000 + v + 25);  // normal speed: pixel for pixel
+  EXPECT_EQ(Scroll(), std::pair(h - 40, v + 25));  // normal speed: pixel for pixel
   EXPECT_EQ(Controller().direction_line()->line(), QLine(start, start + QPoint(-40, 25)));
   MoveTo(start + QPoint(-20, 5));  // static: measured from the press, not from the last move
-  EXPECT_EQ(H() * 1000 + V(), (h - 20) * 1000 + v + 5);
+  EXPECT_EQ(Scroll(), std::pair(h - 20, v + 5));
   MoveTo(start + QPoint(-5000, -5000));
-  EXPECT_EQ(H() * 1000 + V(), 0);
+  EXPECT_EQ(Scroll(), std::pair(0, 0));
   Release(start);
-  EXPECT_EQ(Controller().direction_line()->line(), QLine(-10, -10, -10, -10));
-  EXPECT_EQ(Selected(), std::make_pair(3, 0));
+  EXPECT_EQ(Controller().direction_line()->line(), kNoLine);
+  EXPECT_EQ(Selected(), Event(kEventPeople, 0));
   EXPECT_EQ(Document().History().Count(), 0u);
 
   // Fast doubles the way; without the option there is no line.
@@ -141,155 +134,110 @@ TEST_F(EventViewTest, APressOnEmptyGroundPansWithTheDirectionLine) {
   const QPoint corner(5, 5);  // the margin's corner: no event there
   Press(corner);
   MoveTo(corner + QPoint(30, 20));
-  EXPECT_EQ(H() * 1000 + V(), 60 * 1000 + 40);
-  EXPECT_EQ(Controller().direction_line()->line(), QLine(-10, -10, -10, -10));
+  EXPECT_EQ(Scroll(), std::pair(60, 40));
+  EXPECT_EQ(Controller().direction_line()->line(), kNoLine);
   Release(corner);
-}
 
-TEST_F(EventViewTest, DynamicPanningKeepsMovingAgainstTheDrag) {
+  // Dynamic: the view keeps moving while the mouse is held away from the press.
   Click("mnuScrModeDyn");
-  Click("mnuScrSpeedFast");
-  View().h_scroll()->setValue(0);
-  View().v_scroll()->setValue(0);
-  const QPoint start(5, 5);  // the margin's corner: no event there
-  Press(start);
-  std::vector<int> h{H()};
-  for (int i = 0; i < 4; ++i) {
-    MoveTo(start + QPoint(-20000, 0));
-    h.push_back(H());
+  ScrollTo({0, 0});
+  Press(corner);
+  for (int i = 0, last = 0; i < 4; ++i, last = Scroll().first) {
+    MoveTo(corner + QPoint(-20000, 0));
+    EXPECT_GT(Scroll().first, last) << i;
   }
-  Release(start);
-  for (std::size_t i = 1; i < h.size(); ++i) EXPECT_GT(h[i], h[i - 1]) << i;
-  EXPECT_EQ(V(), 0);
+  Release(corner);
+  EXPECT_EQ(Scroll().second, 0);
 }
 
-TEST_F(EventViewTest, DraggingAPersonMovesItAsOneStepThatUndoTakesBack) {
-  Show(kEventPeople, 0);
-  const Bytes before = Record(kEventPeople, 0);
-  const QPoint from = At(kEventPeople, 0), old_corner = Corner(kEventPeople, 0), look(16, 8);
-  Press(from);
-  EXPECT_EQ(Controller().drag_origin(), (EventTile{26, 18}));
-  MoveTo(from + QPoint(3 * 32, 0));
-  MoveTo(from + QPoint(5 * 32, 2 * 32));
-  MoveTo(from + QPoint(5 * 32 + 10, 2 * 32 + 10));  // still the same tile
-  Release(from + QPoint(5 * 32, 2 * 32));
-  EXPECT_EQ(Stored(kEventPeople, 0), (EventTile{31, 20}));
-  EXPECT_EQ(Document().History().Count(), 1u);
-  EXPECT_TRUE(window_->isWindowModified());
-  const PositionFields fields = *PositionFieldsOf(kEventPeople);
-  EXPECT_EQ(Page().field(fields.x_text)->text().toStdString(),
-            EventFieldText(*FindEventField(fields.x_text), Document().Events().Record(kEventPeople, 0)));
-  EXPECT_EQ(FramePlace(), old_corner + QPoint(5 * 32, 2 * 32));
-  EXPECT_EQ(Shown(FramePlace() + look), Marked("people", FramePlace(), FramePlace() + look));
-  EXPECT_EQ(Shown(old_corner + look), Bare(old_corner + look));
-
+TEST_F(EventViewTest, DragsMoveEventsWithinTheMarginAsOneStepEachThatUndoTakesBack) {
+  const MapEventSet before = Document().Events();
+  Show(kEventWarp, 0);
+  const QPoint warp = At(kEventWarp, 0);
+  Press(warp);
+  MoveTo(warp + QPoint(-5000, -5000));
+  EXPECT_EQ(Stored(kEventWarp, 0), (EventTile{0, 0}));
+  MoveTo(warp + QPoint(5000, 5000));
+  Release(warp);
+  MapEventSet moved = before;
+  moved.Record(kEventWarp, 0)[0] = 16 * 2 + 5;  // Y and X at the far edge of the margin
+  moved.Record(kEventWarp, 0)[1] = 20 * 2 + 5;
+  EXPECT_EQ(Document().Events(), moved);
   Click("mnuUndo");
-  EXPECT_EQ(Record(kEventPeople, 0), before);
+  EXPECT_EQ(Document().Events(), before);
+
+  // A person's marker and the frame move along.
+  Show(kEventPeople, 0);
+  const QPoint from = At(kEventPeople, 0), old_corner = Corner(kEventPeople, 0), by(5 * 32, 2 * 32);
+  Press(from);
+  MoveTo(from + QPoint(3 * 32, 0));
+  MoveTo(from + by + QPoint(10, 10));  // inside the same tile as from + by
+  Release(from + by);
+  EXPECT_EQ(Stored(kEventPeople, 0), (EventTile{31, 20}));
+  EXPECT_EQ(Page().field(19)->text(), "31");  // X
+  EXPECT_EQ(FramePlace(), old_corner + by);
+  EXPECT_TRUE(Marks("people", FramePlace()));
+  EXPECT_EQ(Shown(old_corner + QPoint(16, 8)), Bare(old_corner + QPoint(16, 8)));
+  Click("mnuUndo");
+  EXPECT_EQ(Document().Events(), before);
   EXPECT_FALSE(window_->isWindowModified());
   EXPECT_EQ(FramePlace(), old_corner);
-  EXPECT_EQ(Shown(old_corner + look), Marked("people", old_corner, old_corner + look));
+  EXPECT_TRUE(Marks("people", old_corner));
 
-  // A position typed into the X field moves the marker and the frame just as well.
-  Type(Page().field(fields.x_text), QStringLiteral("27"));
+  // So do they when X is typed; and every drag is a step of its own.
+  Type(Page().field(19), QStringLiteral("27"));
   EXPECT_EQ(Stored(kEventPeople, 0), (EventTile{27, 18}));
   EXPECT_EQ(FramePlace(), old_corner + QPoint(32, 0));
-  EXPECT_EQ(Shown(FramePlace() + look), Marked("people", FramePlace(), FramePlace() + look));
-  Click("mnuUndo");
-  EXPECT_EQ(Record(kEventPeople, 0), before);
+  EXPECT_TRUE(Marks("people", FramePlace()));
+  Drag(At(kEventPeople, 0), {32, 0});
+  Drag(At(kEventPeople, 0), {0, 32});
+  EXPECT_EQ(Document().History().Count(), 3u);
 }
 
-TEST_F(EventViewTest, ADraggedWarpStaysInsideTheMapAndItsMarginAndEachDragIsAStep) {
+TEST_F(EventViewTest, ADoubleClickOnAWarpAsksAboutUnsavedMovesThenOpensItsTargetAndTheExitLeadsBack) {
   Show(kEventWarp, 0);
-  const Bytes before = Record(kEventWarp, 0);
-  const QPoint from = At(kEventWarp, 0);
-  Press(from);
-  MoveTo(from + QPoint(-5000, -5000));
-  EXPECT_EQ(Stored(kEventWarp, 0), (EventTile{0, 0}));
-  MoveTo(from + QPoint(5000, 5000));
-  Release(from);
-  EXPECT_EQ(Controller().drag_origin(), (EventTile{20 * 2 + 5, 16 * 2 + 5}));
-  Bytes moved = before;
-  moved[0] = 37;
-  moved[1] = 45;
-  EXPECT_EQ(Record(kEventWarp, 0), moved);  // only the position bytes
-  Click("mnuUndo");
-  EXPECT_EQ(Record(kEventWarp, 0), before);
-
-  for (QPoint step : {QPoint(32, 0), QPoint(0, 32)}) {
-    Press(At(kEventWarp, 0));
-    MoveTo(At(kEventWarp, 0) + step);
-    Release(At(kEventWarp, 0));
-  }
-  EXPECT_EQ(Document().History().Count(), 2u);
-}
-
-TEST_F(EventViewTest, ADoubleClickOnAWarpOpensItsTargetAndTheExitLeadsBack) {
+  Drag(At(kEventWarp, 0), {0, 64});
   Show(kEventWarp, 1);
-  DoubleClickAt(At(kEventWarp, 1));
-  EXPECT_EQ(Document().SelectedBank() * 100 + Document().SelectedMap(), 0 * 100 + 5);  // the shop, 1.6
-  EXPECT_EQ(window_->map_selector()->map_index(), 5);
-  EXPECT_EQ(Selected(), std::make_pair(0, 0));
-  const ScrollPair centre =
-      CentreOn(Stored(kEventWarp, 0), Viewport(), View().h_scroll()->maximum(), View().v_scroll()->maximum());
-  EXPECT_EQ(H() * 1000 + V(), centre.h * 1000 + centre.v);
+  prompter_.ExpectMessage(QString(), Prompter::Answer::kCancel);
+  ClickAt(At(kEventWarp, 1), true);
+  EXPECT_EQ(Maps(), std::pair(0, 0));
+  EXPECT_TRUE(window_->isWindowModified());
+  prompter_.ExpectMessage(QString(), Prompter::Answer::kNo);
+  ClickAt(At(kEventWarp, 1), true);
+  EXPECT_EQ(Maps(), std::pair(5, 5));  // the shop, 1.6
+  EXPECT_EQ(Selected(), Event(kEventWarp, 0));
+  EXPECT_EQ(Scroll(), Centre(kEventWarp, 0));
   EXPECT_EQ(FramePlace(), Corner(kEventWarp, 0));
 
   // The shop's exit names warp 2 of Mühlental.
-  DoubleClickAt(At(kEventWarp, 0));
-  EXPECT_EQ(Document().SelectedBank() * 100 + Document().SelectedMap(), 0);
-  EXPECT_EQ(Selected(), std::make_pair(0, 1));
+  ClickAt(At(kEventWarp, 0), true);
+  EXPECT_EQ(Maps(), std::pair(0, 0));
+  EXPECT_EQ(Selected(), Event(kEventWarp, 1));
   EXPECT_EQ(Page().event_list(kEventWarp)->currentIndex(), 1);
   EXPECT_EQ(FramePlace(), Corner(kEventWarp, 1));
-}
-
-TEST_F(EventViewTest, UnsavedMovesAreAskedAboutBeforeAWarpIsFollowed) {
-  Show(kEventWarp, 0);
-  Press(At(kEventWarp, 0));
-  MoveTo(At(kEventWarp, 0) + QPoint(0, 64));
-  Release(At(kEventWarp, 0));
-  prompter_.ExpectMessage(QString(), Prompter::Answer::kCancel);
-  DoubleClickAt(At(kEventWarp, 0));
-  EXPECT_EQ(Document().SelectedMap() * 100 + window_->map_selector()->map_index(), 0);
-  EXPECT_TRUE(window_->isWindowModified());
-  prompter_.ExpectMessage(QString(), Prompter::Answer::kNo);
-  DoubleClickAt(At(kEventWarp, 0));
-  EXPECT_EQ(Document().SelectedMap(), 4);  // the house, 1.5
 }
 
 // Map 1.1 has warps to bank 0, to bank 27, to map 0, to map 3 of a bank of two maps, and to
 // warps 3, 9 and 0 of map 1.2, which has one warp.
 TEST_F(EventViewTest, WarpsToMissingTargetsSayWhatIsMissing) {
-  std::vector<WarpDecl> warps;
-  const std::uint8_t targets[][3] = {{1, 0, 1}, {1, 27, 1}, {1, 1, 0}, {1, 1, 3}, {3, 1, 2}, {9, 1, 2}, {0, 1, 2}};
-  for (std::uint8_t i = 0; i < 7; ++i)
-    warps.push_back({2, static_cast<std::uint8_t>(2 * i), targets[i][0], targets[i][1], targets[i][2]});
-  const auto bytes = RomBuilder()
-                         .Title(kDemoTitle)
-                         .Map(1, {.width = 8, .height = 5, .warps = warps})
-                         .Map(1, {.width = 4, .height = 4, .warps = {{3, 5, 1, 1, 1}}})
-                         .Build();
-  OpenThroughDialog(WriteRom("ziele.gbc", bytes));
+  const std::vector<WarpDecl> warps = {{2, 0, 1, 0, 1},  {2, 2, 1, 27, 1}, {2, 4, 1, 1, 0},  {2, 6, 1, 1, 3},
+                                       {2, 8, 3, 1, 2},  {2, 10, 9, 1, 2}, {2, 12, 0, 1, 2}};
+  OpenThroughDialog(WriteRom("ziele.gbc", RomBuilder()
+                                              .Title(kDemoTitle)
+                                              .Map(1, {.width = 8, .height = 5, .warps = warps})
+                                              .Map(1, {.width = 4, .height = 4, .warps = {{3, 5, 1, 1, 1}}})
+                                              .Build()));
   auto follow = [&](int warp) {
     Show(kEventWarp, warp);
-    const QPoint at = At(kEventWarp, warp);
-    ClickAt(at);
-    ASSERT_EQ(Selected(), std::make_pair(0, warp));
-    QTest::mouseDClick(picture_, Qt::LeftButton, {}, at);
-    Release(at);
+    ClickAt(At(kEventWarp, warp), true);
   };
-  prompter_.ExpectMessage(QStringLiteral("Fehler: Ziel-Bank (0) existiert nicht."));
-  follow(0);
-  prompter_.ExpectMessage(QStringLiteral("Fehler: Ziel-Bank (27) existiert nicht."));
-  follow(1);
-  prompter_.ExpectMessage(QStringLiteral("Fehler: Ziel-Map (1.0) existiert nicht."));
-  follow(2);
-  EXPECT_EQ(window_->map_selector()->map_index(), -1);  // the target bank's list, nothing chosen
-  prompter_.ExpectMessage(QStringLiteral("Fehler: Ziel-Map (1.3) existiert nicht."));
-  follow(3);
-  EXPECT_EQ(Document().SelectedMap(), 0);
+  for (auto [warp, missing] : {std::pair{0, "Bank (0)"}, {1, "Bank (27)"}, {2, "Map (1.0)"}, {3, "Map (1.3)"}}) {
+    prompter_.ExpectMessage(QStringLiteral("Fehler: Ziel-%1 existiert nicht.").arg(QLatin1String(missing)));
+    follow(warp);
+  }
+  EXPECT_EQ(Maps(), std::pair(0, -1));  // the target bank's list, nothing chosen
 
-  // Warp 3 of a map with one: the map opens and no warp is chosen; a list far too short for
-  // the target (warp 9) shows its first warp; warp 0 names none.
+  // The map opens; warp 3 of a map with one chooses none, warp 9 the first, warp 0 none.
   for (auto [warp, chosen] : {std::pair{4, -1}, {5, 0}, {6, -1}}) {
     ClickMap(0);
     follow(warp);
@@ -299,7 +247,8 @@ TEST_F(EventViewTest, WarpsToMissingTargetsSayWhatIsMissing) {
 }
 
 TEST_F(EventViewTest, AMarkerPictureThatCannotBeReadIsReportedOnce) {
-  Controller().SetMarkerSource(QString::fromStdString(dir_.File("fehlt/")));
+  const QString missing = QString::fromStdString(dir_.File("fehlt/"));
+  Controller().SetMarkerSource(missing);
   prompter_.ExpectMessage(QStringLiteral("Das Alphablending ist fehlgeschlagen"));
   window_->graphics()->RedrawWholeView();
   EXPECT_TRUE(picture_->Overlays().isEmpty());
@@ -307,7 +256,7 @@ TEST_F(EventViewTest, AMarkerPictureThatCannotBeReadIsReportedOnce) {
   Show(kEventWarp, 0);
   window_->graphics()->RedrawWholeView();
   EXPECT_FALSE(picture_->Overlays().isEmpty());
-  Controller().SetMarkerSource(QString::fromStdString(dir_.File("fehlt/")));
+  Controller().SetMarkerSource(missing);
   window_->graphics()->RedrawWholeView();  // no second message
 }
 
