@@ -1,8 +1,6 @@
 // kartova-cli info ROM: what the editor learns about a ROM when it opens it.
 
-#include <filesystem>
 #include <ostream>
-#include <system_error>
 
 #include "cli/Command.h"
 #include "cli/Json.h"
@@ -57,13 +55,7 @@ int RunInfo(const CommandContext& ctx) {
             << "Usage: kartova-cli [--ini FILE] info ROM\n";
     return 2;
   }
-  const std::string& rom = ctx.args[0];
-  std::error_code ec;
-  if (std::filesystem::is_directory(std::filesystem::path(std::u8string(rom.begin(), rom.end())), ec)) {
-    ctx.err << "kartova-cli: " << rom << " is a directory, not a ROM file\n";
-    return 1;
-  }
-  ctx.out << BuildInfo(rom, ctx.settings);
+  ctx.out << BuildInfo(ctx.args[0], ctx.settings);
   return 0;
 }
 
@@ -75,7 +67,8 @@ const CommandRegistrar kInfoCommand(Command{
     "the name lists (lists: TilesetNames, AbilityNames, MusicNames, TimeNames); then the map "
     "bank table: groupPointers (the 26 pointers as read), mapCounts (the maps counted in each "
     "bank) and mapNames (the 95 location names as the editor shows them). A ROM file that "
-    "does not exist is created empty, as the editor does, and gives the defaults.",
+    "does not exist, a directory, and a file too small to hold the map bank table are "
+    "refused with a message; nothing is created.",
     RunInfo});
 
 }  // namespace

@@ -1,9 +1,7 @@
 #include "cli/MapLoading.h"
 
 #include <algorithm>
-#include <filesystem>
 #include <ostream>
-#include <system_error>
 
 #include "rom/Address.h"
 
@@ -71,14 +69,8 @@ std::optional<int> LoadMap(const CommandContext& ctx, const MapCommandLine& line
                            LoadedMap& loaded) {
   loaded.bank = line.bank;
   loaded.map = line.map;
-  const std::string& rom = line.split.positional[0];
-  std::error_code ec;
-  if (std::filesystem::is_directory(std::filesystem::path(std::u8string(rom.begin(), rom.end())), ec)) {
-    ctx.err << "kartova-cli: " << rom << " is a directory, not a ROM file\n";
-    return 1;
-  }
   RomDocument& doc = loaded.document;
-  doc.OpenRom(rom, ctx.settings);
+  doc.OpenRom(line.split.positional[0], ctx.settings);
   // The map list of the bank decides which map numbers exist, as in the editor's selector.
   const MapList list = doc.FillMapList(loaded.bank - 1);
   if (list.error) throw *list.error;

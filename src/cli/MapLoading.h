@@ -52,8 +52,9 @@ MapCommandLine ParseMapCommandLine(const std::vector<std::string>& args,
                                    const std::vector<std::string>& known_options);
 
 // Loads the map a valid command line names. Prints the message and returns the exit status on
-// failure: 1 for a directory or a map the bank does not list ("Fehler: Ziel-Map (B.M) existiert
-// nicht."). Other runtime errors propagate.
+// failure: 1 for a map the bank does not list ("Fehler: Ziel-Map (B.M) existiert nicht.").
+// RomOpenError for a file that is no ROM (missing, a directory, too small) and runtime errors
+// propagate.
 std::optional<int> LoadMap(const CommandContext& ctx, const MapCommandLine& line,
                            LoadedMap& loaded);
 

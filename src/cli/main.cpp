@@ -10,6 +10,7 @@
 
 #include "cli/CliSettings.h"
 #include "cli/Command.h"
+#include "maps/RomFileChecks.h"
 #include "rom/RuntimeError.h"
 
 namespace kartova::cli {
@@ -108,6 +109,8 @@ int RunCommand(const Command& command, const std::vector<std::string>& args,
     }
     return command.run(CommandContext{args, *settings.reader, out, err});
   } catch (const RuntimeError& e) {
+    err << e.GermanMessage() << "\n";
+  } catch (const RomOpenError& e) {
     err << e.GermanMessage() << "\n";
   } catch (const std::exception& e) {
     err << "kartova-cli: " << e.what() << "\n";

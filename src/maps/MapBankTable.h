@@ -15,6 +15,9 @@ class RomFile;
 
 inline constexpr int kLocationCount = 95;  // location bytes 0..94 name a place
 
+// A file that ends before the last of the 26 group pointers cannot be a ROM of the game.
+inline constexpr std::int64_t kSmallestRomSize = kMapGroupTableOffset + 2 * kMapBankCount;
+
 // The 16-bit group pointers of the 26 map banks, bank 1 first, as read.
 using MapGroupPointers = std::array<std::int32_t, kMapBankCount>;
 // Maps counted per bank, bank 1 first.

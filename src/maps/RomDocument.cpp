@@ -5,6 +5,7 @@
 
 #include "maps/HeaderBytesEdit.h"
 #include "maps/MapNames.h"
+#include "maps/RomFileChecks.h"
 #include "rom/Address.h"
 #include "rom/RomFile.h"
 #include "rom/RuntimeError.h"
@@ -26,9 +27,10 @@ bool IsReadOnlyFile(const std::string& path) {
 RomDocument::RomDocument() : graphics_(std::make_unique<TilesetGraphics>()) {}
 
 void RomDocument::OpenRom(const std::string& path, const SettingsReader& settings) {
+  CheckRomFile(path);
   // Everything is read into locals first, so a runtime error leaves the previous ROM current.
   RomDefinition definition = ReadRomDefinition(path, settings);
-  RomFile rom = RomFile::OpenForRead(path);
+  RomFile rom = RomFile::OpenExisting(path);
   const MapGroupPointers groups = ReadMapGroupTable(rom);
   MapCounts counts{};
   for (int bank = 0; bank < kMapBankCount; ++bank)
@@ -53,7 +55,7 @@ void RomDocument::OpenRom(const std::string& path, const SettingsReader& setting
 }
 
 MapList RomDocument::FillMapList(int bank) const {
-  RomFile rom = RomFile::OpenForRead(rom_path_);
+  RomFile rom = RomFile::OpenExisting(rom_path_);
   MapList list = ReadMapList(rom, group_pointers_, map_counts_, bank, definition_.header_length, map_names_);
   last_system_reads_ = rom.SystemReads();
   return list;
@@ -85,7 +87,7 @@ MapLoadResult RomDocument::LoadSelectedMap(int bank, int map, const MapLoadListe
   selected_bank_ = bank;
   selected_map_ = map;
   std::optional<RuntimeError> grid_error;
-  RomFile rom = RomFile::OpenForRead(rom_path_);
+  RomFile rom = RomFile::OpenExisting(rom_path_);
   if (apply_mode_ != kApplyEditedHeaders && reload_scope_ == kReloadFull) {
     ReadHeaders(rom, bank, map);
     saved_primary_ = primary_;
@@ -164,7 +166,7 @@ std::optional<RuntimeError> RomDocument::BuildExtendedMapStage(RomFile& rom) {
 bool RomDocument::SetTimeOfDay(int value, int bank) {
   if (value == time_of_day_) return false;
   time_of_day_ = value;
-  RomFile rom = RomFile::OpenForRead(rom_path_);
+  RomFile rom = RomFile::OpenExisting(rom_path_);
   LoadPalettes(rom, SelectPalettes(graphics_->record, primary_.bytes, time_of_day_, bank + 1),
                graphics_->colours);
   last_system_reads_ = rom.SystemReads();

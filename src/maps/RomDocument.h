@@ -15,6 +15,7 @@
 #include "maps/MapBankTable.h"
 #include "maps/MapHeaders.h"
 #include "maps/PaintCellsEdit.h"
+#include "maps/RomFileChecks.h"
 #include "rom/FileRegion.h"
 #include "rom/GameTextTable.h"
 #include "rom/RomDefinition.h"
@@ -78,11 +79,14 @@ class RomDocument {
   RomDocument();
 
   // Makes the ROM at path current: its definition, the map bank table with the map count of
-  // every bank and the 95 location names. A runtime error (a definition with HeaderLengthA
-  // above 30, an overflow of a count or an offset) propagates and leaves the document exactly
-  // as it was, previous ROM and all. The file is created empty when it is missing. Another
-  // ROM than the current one leaves no map loaded: the buffers of the previous ROM's map must
-  // never be saved into it.
+  // every bank and the 95 location names. A path that is missing, not a regular file, not
+  // readable or too small to hold the map bank table raises RomOpenError before anything is
+  // read; nothing is ever created. That and a runtime error (a definition with HeaderLengthA
+  // above 30, an overflow of a count or an offset, a location name too long to format)
+  // propagate and leave the document exactly as it was, previous ROM and all. Another ROM than
+  // the current one leaves no map loaded: the buffers of the previous ROM's map must never be
+  // saved into it. Later reads of the ROM never create it either: a file that vanished reads
+  // as nothing.
   void OpenRom(const std::string& path, const SettingsReader& settings);
 
   // The entries of the map list of bank (0..25): "name - b.n". A location byte above 94 ends

@@ -9,14 +9,14 @@
 namespace kartova {
 
 namespace {
-std::FILE* OpenOrCreate(const std::string& path, const char* mode) {
+std::FILE* OpenRegularFile(const std::string& path, const char* mode, bool create) {
   // Only regular files are opened: a folder reads nothing, and a pipe or a device would block
   // or never end.
   std::error_code ec;
   const auto status = std::filesystem::status(path, ec);
   if (!ec && std::filesystem::exists(status) && !std::filesystem::is_regular_file(status)) return nullptr;
   std::FILE* f = std::fopen(path.c_str(), mode);
-  if (f) return f;
+  if (f || !create) return f;
   // Create the file if it is missing, without truncating one that exists but refused us.
   if (std::FILE* created = std::fopen(path.c_str(), "ab")) {
     std::fclose(created);
@@ -38,11 +38,15 @@ RomFile::RomFile(std::FILE* file, bool writable) : file_(file), writable_(writab
 }
 
 RomFile RomFile::OpenForRead(const std::string& path) {
-  return RomFile(OpenOrCreate(path, "rb"), false);
+  return RomFile(OpenRegularFile(path, "rb", true), false);
 }
 
 RomFile RomFile::OpenForWrite(const std::string& path) {
-  return RomFile(OpenOrCreate(path, "r+b"), true);
+  return RomFile(OpenRegularFile(path, "r+b", true), true);
+}
+
+RomFile RomFile::OpenExisting(const std::string& path) {
+  return RomFile(OpenRegularFile(path, "rb", false), false);
 }
 
 RomFile::RomFile(RomFile&& o) noexcept { *this = std::move(o); }
@@ -102,6 +106,36 @@ std::size_t RomFile::ReadBytes(std::uint8_t* dst, std::size_t n) {
     pos += static_cast<std::int64_t>(take);
   }
   return done;
+}
+
+std::int64_t RomFile::Find(std::int64_t from, std::int64_t limit, const ByteSet& stops) {
+  const std::int64_t end = std::min(limit, size_);
+  std::int64_t pos = std::max<std::int64_t>(from, 0);
+  if (!file_ || writable_ || pos >= end) return end;
+  const auto scan = [&](const std::uint8_t* bytes, std::int64_t n) -> bool {
+    for (std::int64_t i = 0; i < n; ++i)
+      if (stops[bytes[i]]) {
+        pos += i;
+        return true;
+      }
+    pos += n;
+    return false;
+  };
+  const auto* page = Page(pos / kPageSize);
+  const std::int64_t in_page = pos % kPageSize;
+  const std::int64_t in_first = std::min(static_cast<std::int64_t>(page->size()) - in_page, end - pos);
+  if (in_first <= 0) return end;  // the file shrank under us
+  if (scan(page->data() + in_page, in_first)) return pos;
+  std::vector<std::uint8_t> block;
+  while (pos < end) {
+    block.resize(static_cast<std::size_t>(std::min(kSearchBlockSize, end - pos)));
+    ++system_reads_;
+    if (std::fseek(file_, pos, SEEK_SET) != 0) return end;
+    const auto got = static_cast<std::int64_t>(std::fread(block.data(), 1, block.size(), file_));
+    if (got <= 0) return end;
+    if (scan(block.data(), got)) return pos;
+  }
+  return end;
 }
 
 std::uint8_t RomFile::ReadByte() {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <array>
 #include <cstdint>
 #include <cstdio>
 #include <memory>
@@ -12,8 +13,9 @@ namespace kartova {
 // One handle on the ROM image for the duration of one operation. The ROM is never kept in
 // memory between operations, so every operation sees the file as it is on disk now.
 //
-// Opening is open-or-create: a missing file is created empty. Nothing is checked: a handle that
-// could not be opened reads nothing and writes nothing. A read past the end of the file leaves
+// OpenForRead and OpenForWrite are open-or-create: a missing file is created empty. OpenExisting
+// never creates anything. Nothing else is checked: a handle that could not be opened reads
+// nothing and writes nothing. A read past the end of the file leaves
 // the caller's bytes as they were; ReadByte and ReadWord start from zero, so they yield zero
 // bits for what could not be read. Reads are served from 4 KiB pages fetched once per
 // operation, so reading a record field by field costs no system call per field.
@@ -21,6 +23,8 @@ class RomFile {
  public:
   static RomFile OpenForRead(const std::string& path);
   static RomFile OpenForWrite(const std::string& path);
+  // For reading only; a missing file stays missing (the handle reads nothing then).
+  static RomFile OpenExisting(const std::string& path);
 
   RomFile(RomFile&&) noexcept;
   RomFile& operator=(RomFile&&) noexcept;
@@ -45,6 +49,15 @@ class RomFile {
   // Bytes beyond the end of the file are left untouched in dst.
   std::size_t ReadBytes(std::uint8_t* dst, std::size_t n);
 
+  // Which byte values a search stops at.
+  using ByteSet = std::array<bool, 256>;
+  // The position of the first byte in [from, end) whose value is in stops, where end is the
+  // smaller of limit and Size(); end when there is none. The position is not moved. The first
+  // page is read through the pages like any read; a search that runs on reads blocks of its
+  // own that are not kept, so that a long search neither holds the file in memory nor costs a
+  // system call per page.
+  std::int64_t Find(std::int64_t from, std::int64_t limit, const ByteSet& stops);
+
   // Writes n bytes at the position and advances. Returns false (and remembers the failure)
   // when the bytes could not be written.
   bool WriteBytes(const std::uint8_t* src, std::size_t n);
@@ -63,6 +76,7 @@ class RomFile {
   const std::vector<std::uint8_t>* Page(std::int64_t index);
 
   static constexpr std::int64_t kPageSize = 4096;
+  static constexpr std::int64_t kSearchBlockSize = 64 * 1024;
   std::FILE* file_ = nullptr;
   bool writable_ = false;
   bool write_failed_ = false;

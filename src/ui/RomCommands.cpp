@@ -5,6 +5,7 @@
 #include <QStringList>
 
 #include "app/SettingsStore.h"
+#include "maps/RomFileChecks.h"
 #include "ui/FileExists.h"
 #include "ui/HeaderPage.h"
 #include "ui/MainWindow.h"
@@ -77,8 +78,16 @@ void MainWindow::OpenCommandLineRom() {
   Guarded([this] { OpenRom(); });
 }
 
+// A file that is no ROM at all (missing, a folder, too small) is reported as an error of the
+// file, not as a runtime error; the previous ROM stays current either way.
 void MainWindow::OpenRom() {
-  ReadRomDefinitionAndTables();
+  try {
+    ReadRomDefinitionAndTables();
+  } catch (const RomOpenError& error) {
+    prompter_.Message(QString::fromStdString(error.GermanMessage()), kMessageTitle, Prompter::Buttons::kOk,
+                      Prompter::Icon::kCritical);
+    return;
+  }
   EnableRomMenus();
   UpdateStandardFileItems();
   SetWindowTitle();

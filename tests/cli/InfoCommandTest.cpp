@@ -60,26 +60,38 @@ TEST_F(InfoCommandTest, PrintsTheDefinitionAsJson) {
   Parsed(r.out);  // and the whole output is valid JSON
 }
 
-TEST_F(InfoCommandTest, MissingShortAndBadInputs) {
+TEST_F(InfoCommandTest, FilesThatAreNoRomAreRefusedAndNothingIsCreated) {
   WriteFileText(Ini(), "; nothing for these ROMs\n");
+  test::WriteFileBytes(dir_.File("tiny.gbc"), std::vector<std::uint8_t>(0x134, 0));
   const std::string missing = dir_.File("new.gbc");
-  test::CliResult r = Info(missing);
-  ASSERT_EQ(r.status, 0) << r.err;
-  const QJsonObject info = Parsed(r.out);
-  EXPECT_EQ(info["title"].toString().toStdString(), std::string(32, '0'));
-  EXPECT_EQ(info["headerLength"].toInt(), 9);
-  EXPECT_TRUE(std::filesystem::exists(missing));  // created empty, as the editor does
+  const struct {
+    std::string path, message;
+  } cases[] = {
+      {missing, "Datei nicht gefunden: " + missing},
+      {dir_.path().string(), "Ist ein Verzeichnis: " + dir_.path().string()},
+      {dir_.File("tiny.gbc"),
+       "Die Datei ist zu klein f\xC3\xBCr ein Rom dieses Spiels: " + dir_.File("tiny.gbc")},
+  };
+  for (const auto& c : cases) {
+    const test::CliResult r = Info(c.path);
+    EXPECT_EQ(r.status, 1) << c.path;
+    EXPECT_EQ(r.out, "");
+    EXPECT_EQ(r.err, c.message + "\n");
+  }
+  EXPECT_FALSE(std::filesystem::exists(missing));
+  // The map commands check the ROM the same way.
+  const test::CliResult r = RunCli({"--ini", Ini(), "map", missing, "1", "1"});
+  EXPECT_EQ(r.status, 1);
+  EXPECT_EQ(r.err, "Datei nicht gefunden: " + missing + "\n");
+  EXPECT_FALSE(std::filesystem::exists(missing));
+}
 
+TEST_F(InfoCommandTest, BadDefinitionsAndArguments) {
   WriteFileText(Ini(), "[" + kKartovaSection + "]\nHeaderLengthA=31\n");
-  r = Info(Rom());
+  test::CliResult r = Info(Rom());
   EXPECT_EQ(r.status, 1);
   EXPECT_EQ(r.out, "");
   EXPECT_EQ(r.err, "Laufzeitfehler '9': Index au\xC3\x9F" "erhalb des g\xC3\xBCltigen Bereichs\n");
-
-  r = Info(dir_.path().string());
-  EXPECT_EQ(r.status, 1);
-  EXPECT_EQ(r.out, "");
-  EXPECT_NE(r.err.find("is a directory"), std::string::npos) << r.err;
 
   EXPECT_EQ(RunCli({"--ini", Ini(), "info", Rom(), Rom()}).status, 2);
   r = RunCli({"--ini", dir_.File("absent.ini"), "info", Rom()});

@@ -44,5 +44,43 @@ TEST(LocationNamesTest, PointersStayInTheTablesBankAndStringsEndAtTerminatorOrFi
   EXPECT_THROW(ReadLocationNames(rom, 0x7FFFFF00, text), RuntimeError);
 }
 
+TEST(LocationNamesTest, StretchesWithoutTextAreSkippedAndNamesOverflowWhereTheyPass254Characters) {
+  constexpr std::int32_t kTable = 0x90000;
+  test::ByteImage image(0x94000);
+  for (int i = 0; i < kLocationCount; ++i) image.Word(kTable + 4 * i, 0x4200);
+  // "AB", 15 KiB of bytes without a glyph, "C", the terminator.
+  image.Put(0x90200, {0x80, 0x81}).Put(0x93E00, {0x82, 0x50});
+  image.Word(kTable + 4, 0x4300);  // inside the stretch, read before the stretch's start is known
+  image.Word(kTable + 8, 0x4201);  // runs into the stretch just found
+  image.Word(kTable + 12, 0x4250);  // inside the stretch as it is known now
+  // 63 glyphs of four characters and two of one, each after a control byte: 254 characters.
+  for (int k = 0; k < 63; ++k) image.Put(0x93F00 + 2 * k, {0x00, 0x54});
+  image.Put(0x93F00 + 126, {0x80, 0x00, 0x80, 0x50});
+  image.Word(kTable + 16, 0x7F00);
+  test::TempDir dir;
+  RomFile rom = RomFile::OpenForRead(image.Save(dir));
+  GameTextTable text;
+  LocationNames names = ReadLocationNames(rom, kTable, text);
+  EXPECT_EQ(names[0], "Abc");
+  EXPECT_EQ(names[1], "C");
+  EXPECT_EQ(names[2], "Bc");
+  EXPECT_EQ(names[3], "C");
+  EXPECT_EQ(names[4].size(), 63 * 5 + 2u);  // "Fuxé" of five bytes, 63 times, and "Aa"
+  EXPECT_EQ(names[94], "Abc");
+
+  // One character more overflows.
+  image.Put(0x93F00 + 129, {0x80, 0x50});
+  RomFile longer = RomFile::OpenForRead(image.Save(dir, "longer.gbc"));
+  EXPECT_THROW(ReadLocationNames(longer, kTable, text), RuntimeError);
+
+  // A name of glyphs without a terminator overflows at once, not at the end of the file.
+  test::ByteImage glyphs(0x400000);
+  std::fill(glyphs.bytes.begin() + 0x90200, glyphs.bytes.end(), 0x80);
+  glyphs.Word(kTable, 0x4200);
+  RomFile endless = RomFile::OpenForRead(glyphs.Save(dir, "endless.gbc"));
+  EXPECT_THROW(ReadLocationNames(endless, kTable, text), RuntimeError);
+  EXPECT_LE(endless.SystemReads(), 2);
+}
+
 }  // namespace
 }  // namespace kartova

@@ -132,8 +132,9 @@ TEST_F(RomDocumentTest, AFailedOpenKeepsThePreviousRomAndAllItsState) {
 }
 
 TEST_F(RomDocumentTest, EmptyFilesAndWildNumbersNeverCrash) {
+  // The smallest file that is opened: zeros up to the end of the group table.
   const std::string empty = dir.File("empty.gbc");
-  test::WriteFileBytes(empty, {});
+  test::WriteFileBytes(empty, Bytes(kSmallestRomSize, 0));
   doc.OpenRom(empty, settings);
   EXPECT_EQ(doc.MapCountPerBank(), MapCounts{});
   EXPECT_EQ(doc.MapNames()[0], "");
@@ -167,8 +168,11 @@ TEST_F(RomDocumentTest, ChangesOnDiskAreSeenByTheNextOperation) {
   test::WriteFileBytes(path, Bytes(world.bytes.begin(), world.bytes.begin() + 0x94000));
   doc.LoadSelectedMap(0, 1);
   EXPECT_EQ(Of(doc.Primary()), primary);
-  doc.OpenRom(path, settings);
-  EXPECT_EQ(doc.MapCountPerBank(), MapCounts{});
+  // Opened again, it is no ROM any more: the group table is gone.
+  EXPECT_THROW(doc.OpenRom(path, settings), RomOpenError);
+  EXPECT_EQ(doc.MapCountPerBank()[0], 2);
+
+  test::WriteFileBytes(path, world.bytes);
 
   std::filesystem::permissions(path, std::filesystem::perms::owner_read);
   doc.OpenRom(path, settings);

@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include <cstdint>
 #include <filesystem>
 
 #include "rom/RomFile.h"
@@ -56,6 +57,45 @@ TEST(RomFileTest, WritesInPlaceOrFailOnADeadHandle) {
   EXPECT_FALSE(w.WriteBytes(data, 1));
   EXPECT_TRUE(w.WriteFailed());
   EXPECT_FALSE(w.Close());
+}
+
+TEST(RomFileTest, OpenExistingNeverCreatesAFile) {
+  test::TempDir dir;
+  RomFile f = RomFile::OpenExisting(dir.File("fehlt.gbc"));
+  EXPECT_FALSE(f.IsOpen());
+  EXPECT_FALSE(std::filesystem::exists(dir.File("fehlt.gbc")));
+  RomFile::ByteSet all;
+  all.fill(true);
+  EXPECT_EQ(f.Find(0, 100, all), 0);
+}
+
+TEST(RomFileTest, FindStopsAtTheFirstByteOfTheSetBeforeLimitAndEndOfFile) {
+  test::TempDir dir;
+  std::vector<std::uint8_t> bytes(300000, 0x7F);
+  bytes[5] = bytes[4096] = bytes[200000] = 0x50;
+  bytes[299999] = 0x51;
+  test::WriteFileBytes(dir.File("rom.gbc"), bytes);
+  RomFile f = RomFile::OpenExisting(dir.File("rom.gbc"));
+  RomFile::ByteSet stops{};
+  stops[0x50] = stops[0x51] = true;
+  f.Seek(77);
+  constexpr std::int64_t kNoLimit = INT64_MAX;
+  EXPECT_EQ(f.Find(0, kNoLimit, stops), 5);
+  EXPECT_EQ(f.Find(-3, kNoLimit, stops), 5);
+  EXPECT_EQ(f.Find(6, kNoLimit, stops), 4096);  // on the next page
+  EXPECT_EQ(f.Find(4097, kNoLimit, stops), 200000);
+  EXPECT_EQ(f.Find(4097, 200000, stops), 200000);  // the limit, not the stop byte on it
+  EXPECT_EQ(f.Find(4097, 1000, stops), 1000);
+  EXPECT_EQ(f.Find(200001, kNoLimit, stops), 299999);
+  stops[0x51] = false;
+  EXPECT_EQ(f.Find(200001, kNoLimit, stops), 300000);
+  EXPECT_EQ(f.Find(400000, kNoLimit, stops), 300000);
+  EXPECT_EQ(f.Position(), 77);
+  // The long searches read blocks, not page after page.
+  EXPECT_LT(f.SystemReads(), 20);
+
+  RomFile w = RomFile::OpenForWrite(dir.File("rom.gbc"));
+  EXPECT_EQ(w.Find(0, kNoLimit, stops), 300000);  // a handle for writing reads nothing
 }
 
 }  // namespace

@@ -110,6 +110,50 @@ TEST_F(OpenRomTest, TheStandardFileOpensAtStartupAndTheCommandLineRomAfterIt) {
   EXPECT_EQ(Combo("Combo3")->currentIndex(), 0);
 }
 
+TEST_F(OpenRomTest, APathThatHoldsNoRomIsReportedAndThePreviousRomStays) {
+  const std::string demo = WriteDemoRom();
+  MainWindow& window = OpenEditorWith(demo);
+  ClickMap(2);
+  const std::string missing = dir_.File("fehlt.gbc");
+  const std::string folder = dir_.File("ordner.gbc");
+  std::filesystem::create_directory(folder);
+  const std::string tiny = WriteRom("klein.gbc", std::vector<std::uint8_t>(0x94120, 0));
+  const std::pair<std::string, std::string> cases[] = {
+      {missing, "Datei nicht gefunden: "},
+      {folder, "Ist ein Verzeichnis: "},
+      {tiny, "Die Datei ist zu klein für ein Rom dieses Spiels: "},
+  };
+  for (const auto& [path, message] : cases) {
+    SCOPED_TRACE(path);
+    steps_.clear();
+    prompter_.ExpectOpenFile(QString::fromStdString(path));
+    prompter_.ExpectMessage(QString::fromStdString(message + path));
+    Click("mnuLoad");
+    EXPECT_EQ(prompter_.asked.back().icon, Prompter::Icon::kCritical);
+    EXPECT_EQ(window.rom_path().toStdString(), demo);
+    EXPECT_EQ(Document().RomPath(), demo);
+    EXPECT_EQ(ShownTitle(window), "Kartova v1.38 - demo.gbc");
+    EXPECT_EQ(Combo("Combo3")->count(), 6);
+    EXPECT_EQ(Combo("Combo3")->currentIndex(), 2);
+    EXPECT_EQ(Document().SelectedMap(), 2);
+    EXPECT_TRUE(steps_.empty());
+  }
+  EXPECT_FALSE(std::filesystem::exists(missing));
+}
+
+TEST_F(OpenRomTest, AMissingCommandLineRomIsReportedAndNotCreated) {
+  PresetIni("StdFile", WriteDemoRom("standard.gbc"));
+  const std::string missing = dir_.File("fehlt.gbc");
+  prompter_.ExpectMessage(QString::fromStdString("Datei nicht gefunden: " + missing));
+  StartEditor(QString::fromStdString(missing));
+  EXPECT_EQ(prompter_.asked.back().icon, Prompter::Icon::kCritical);
+  EXPECT_FALSE(std::filesystem::exists(missing));
+  EXPECT_EQ(window_->rom_path().toStdString(), dir_.File("standard.gbc"));
+  EXPECT_EQ(Document().RomPath(), dir_.File("standard.gbc"));
+  EXPECT_EQ(ShownTitle(*window_), "Kartova v1.38 - standard.gbc (Standard)");
+  EXPECT_EQ(Combo("Combo3")->currentIndex(), 0);
+}
+
 using ReloadTest = EditorTest;
 
 TEST_F(ReloadTest, MapScopeRereadsTheDefinitionAndKeepsBankAndMap) {
