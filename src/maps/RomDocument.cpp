@@ -52,6 +52,7 @@ void RomDocument::OpenRom(const std::string& path, const SettingsReader& setting
   group_pointers_ = groups;
   map_counts_ = counts;
   map_names_ = std::move(names);
+  RememberDiskStamp();
 }
 
 MapList RomDocument::FillMapList(int bank) const {
@@ -118,6 +119,7 @@ MapLoadResult RomDocument::LoadSelectedMap(int bank, int map, const MapLoadListe
   }
   last_system_reads_ = rom.SystemReads();
   rom.Close();
+  RememberDiskStamp();
   if (grid_error) throw *grid_error;
   return result;
 }

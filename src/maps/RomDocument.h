@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <filesystem>
 #include <functional>
 #include <memory>
 #include <optional>
@@ -213,6 +214,10 @@ class RomDocument {
   // "Save as": a copy of the current ROM under path with a full save in it, in one safe
   // write; from then on path is the current ROM.
   void SaveRomAs(const std::string& path);
+  // The file on disk is not the one the document last read or wrote: another program has
+  // written to it (or replaced it) since the map was loaded or saved. A save then keeps what
+  // that program wrote outside the saved regions and overwrites what it wrote inside them.
+  bool ChangedOnDisk() const;
   // Fault injection for the tests of failed saves.
   void SetWriteFaultHook(WriteFaultHook hook) { write_fault_hook_ = std::move(hook); }
 
@@ -236,6 +241,8 @@ class RomDocument {
   // After a successful save of the scope: those parts match the file now.
   void MarkSaved(int scope);
   bool BlocksModified() const;
+  // The file's size and modification time now, to tell later whether someone else wrote it.
+  void RememberDiskStamp();
   void AppendHeaderRegions(std::vector<FileRegion>& regions) const;
   void AppendBlockRegion(std::vector<FileRegion>& regions) const;
   void DeriveMapValues();
@@ -280,6 +287,14 @@ class RomDocument {
   int saved_height_ = 0;
   MapEventSet saved_events_;
   WriteFaultHook write_fault_hook_;
+  struct DiskStamp {
+    bool known = false;
+    std::uintmax_t size = 0;
+    std::filesystem::file_time_type written{};
+    bool operator==(const DiskStamp&) const = default;
+  };
+  static DiskStamp StampOf(const std::string& path);
+  DiskStamp disk_stamp_;
 };
 
 }  // namespace kartova

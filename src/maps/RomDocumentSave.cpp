@@ -66,6 +66,7 @@ void RomDocument::SaveRom(int scope) {
     SafeWriteOptions options;
     options.fault_hook = write_fault_hook_;
     WriteRegionsSafely(rom_path_, plan.regions, options);
+    RememberDiskStamp();
   }
   if (plan.error) throw *plan.error;
   if (MapLoaded()) MarkSaved(scope);
@@ -83,10 +84,29 @@ void RomDocument::SaveRomAs(const std::string& path) {
   if (path != rom_path_) options.source = rom_path_;
   WriteRegionsSafely(path, plan.regions, options);
   rom_path_ = path;
+  RememberDiskStamp();
   // The copy is writable: a new file gets owner write, and a read-only target is refused.
   read_only_ = false;
   if (plan.error) throw *plan.error;
   if (MapLoaded()) MarkSaved(kReloadFull);
+}
+
+RomDocument::DiskStamp RomDocument::StampOf(const std::string& path) {
+  DiskStamp stamp;
+  std::error_code size_error, time_error;
+  stamp.size = std::filesystem::file_size(path, size_error);
+  stamp.written = std::filesystem::last_write_time(path, time_error);
+  stamp.known = !size_error && !time_error;
+  return stamp;
+}
+
+void RomDocument::RememberDiskStamp() { disk_stamp_ = StampOf(rom_path_); }
+
+bool RomDocument::ChangedOnDisk() const {
+  if (!disk_stamp_.known || rom_path_.empty()) return false;
+  // A file that is gone is no change to ask about: the save itself reports it.
+  const DiskStamp now = StampOf(rom_path_);
+  return now.known && !(now == disk_stamp_);
 }
 
 std::vector<std::uint8_t> RomDocument::MapFileBytes() const {

@@ -56,6 +56,17 @@ void MainWindow::ConnectEditItems() {
 // ---- Saving ---------------------------------------------------------------------------------
 
 bool MainWindow::SaveRom(std::int16_t scope) {
+  // Another program wrote the ROM after this map was loaded: its changes outside this map stay,
+  // but the user decides whether this map goes over whatever it wrote there.
+  if (document_.MapLoaded() && document_.ChangedOnDisk() &&
+      prompter_.Message(QStringLiteral("Die Datei \"%1\" wurde seit dem Laden der Map von einem anderen "
+                                       "Programm verändert. Trotzdem speichern?\n\nGeschrieben werden nur "
+                                       "die Header, Blöcke und Events dieser Map; alles andere bleibt, wie "
+                                       "es in der Datei steht.")
+                            .arg(rom_path_),
+                        kMessageTitle, Prompter::Buttons::kYesNo, Prompter::Icon::kExclamation) !=
+          Prompter::Answer::kYes)
+    return false;
   try {
     document_.SaveRom(scope);
   } catch (const FileWriteError& error) {

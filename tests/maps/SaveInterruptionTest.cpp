@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include <cerrno>
+#include <chrono>
 #include <filesystem>
 
 #include "demo/DemoRom.h"
@@ -110,10 +111,14 @@ TEST_F(SaveInterruptionTest, PlacesThatCannotBeWrittenAreReportedAndChangeNothin
 TEST_F(SaveInterruptionTest, ChangesMadeOnDiskByAnotherProgramOutsideTheMapStay) {
   EditEverything();
   // Another program writes into a place far from this map while the editor has it open.
+  EXPECT_FALSE(doc_.ChangedOnDisk());
   Bytes theirs = demo_.bytes;
   theirs[0x1F0000] = 0xAB;
   test::WriteFileBytes(path_, theirs);
+  fs::last_write_time(path_, fs::last_write_time(path_) + std::chrono::seconds(2));
+  EXPECT_TRUE(doc_.ChangedOnDisk()) << "the editor asks before it saves over such a file";
   doc_.SaveRom(kReloadFull);
+  EXPECT_FALSE(doc_.ChangedOnDisk());
   Bytes expected = theirs;
   ApplyRegions(expected, doc_.SaveRegions(kReloadFull).regions);
   EXPECT_EQ(test::ReadFileBytes(path_), expected);

@@ -1,5 +1,6 @@
 #include <QMenu>
 #include <cerrno>
+#include <chrono>
 #include <filesystem>
 #include <functional>
 #include <numeric>
@@ -105,6 +106,25 @@ TEST_F(SavingTest, AFailedSaveShowsTheFileAndTheReasonAndChangesNothing) {
   prompter_.ExpectMessage({});
   Click("mnuSaveFull");
   EXPECT_FALSE(std::filesystem::exists(rom_));
+}
+
+TEST_F(SavingTest, ARomWrittenByAnotherProgramIsOnlySavedOverWhenTheUserSaysSo) {
+  EditBorderAndPaint();
+  std::vector<std::uint8_t> theirs = DemoRom().bytes;
+  theirs[0x1F0000] = 0xAB;
+  WriteFileBytes(rom_, theirs);
+  std::filesystem::last_write_time(rom_, std::filesystem::last_write_time(rom_) + std::chrono::seconds(2));
+
+  prompter_.ExpectMessage({}, Prompter::Answer::kNo);
+  Click("mnuSaveFull");
+  EXPECT_TRUE(prompter_.asked.back().text.contains(QString::fromUtf8("von einem anderen Programm verändert")));
+  EXPECT_EQ(Changed(), Offsets{0x1F0000});
+  EXPECT_TRUE(TitleMarked());
+
+  prompter_.ExpectMessage({}, Prompter::Answer::kYes);
+  Click("mnuSaveFull");
+  EXPECT_EQ(Changed(), (Offsets{map_.secondary_header, map_.blocks, 0x1F0000}));
+  Click("mnuSaveMap");  // the file is the editor's own again: no question
 }
 
 TEST_F(SavingTest, SaveAsWritesTheCopyAndMakesItCurrent) {
