@@ -2,7 +2,6 @@
 // still match the file.
 
 #include <algorithm>
-#include <cstring>
 
 #include <utility>
 
@@ -98,10 +97,11 @@ void RomDocument::RememberSavedBlocks() {
 
 bool RomDocument::BlocksModified() const {
   if (saved_width_ != grid_.MapWidth() || saved_height_ != grid_.MapHeight()) return true;
-  const auto width = static_cast<std::size_t>(saved_width_);
-  for (int r = 0; r < saved_height_; ++r) {
+  const auto width = static_cast<std::ptrdiff_t>(saved_width_);
+  auto saved = saved_blocks_.begin();
+  for (int r = 0; r < saved_height_; ++r, saved += width) {
     const std::uint8_t* row = grid_.Row(ExtendedMap::kMargin + r) + ExtendedMap::kMargin;
-    if (std::memcmp(row, saved_blocks_.data() + r * width, width) != 0) return true;
+    if (!std::equal(row, row + width, saved)) return true;
   }
   return false;
 }

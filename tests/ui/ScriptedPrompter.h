@@ -11,8 +11,13 @@ namespace kartova::test {
 // Answers the editor's message boxes and file dialogs from a script and records every prompt.
 // A prompt the script does not expect fails the test and is answered as cancelled; an expected
 // one that never comes fails it at the end.
+//
+// With answer_anything set, a prompt the script does not expect is recorded and answered as the
+// cautious user would (Cancel, else No, else OK) instead of failing the test.
 class ScriptedPrompter : public Prompter {
  public:
+  bool answer_anything = false;
+
   enum class Kind { kMessage, kOpenFile, kSaveFile };
   struct Asked {
     Kind kind;
