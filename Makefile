@@ -1,11 +1,17 @@
-# Kartova: `make run` starts the editor on the demo ROM, `make test` runs every test.
-# Both first install whatever is missing of the Debian packages the build needs.
+# Kartova: `make run` starts the editor on the demo ROM, `make test` runs every test and a short
+# run of every fuzz target, `make fuzz` fuzzes for longer (FUZZ_SECONDS per target).
+# All first install whatever is missing of the Debian packages the build needs.
 
 PACKAGES := cmake ninja-build g++ make qt6-base-dev libgtest-dev libgmock-dev libbenchmark-dev \
-            libgl-dev fonts-dejavu-core
+            libgl-dev fonts-dejavu-core clang libclang-rt-14-dev
 SUDO := $(shell [ "$$(id -u)" -eq 0 ] || echo sudo)
 
-.PHONY: run test build deps bench clean
+# Seconds each fuzz target runs in `make fuzz`, and how many run side by side.
+FUZZ_SECONDS ?= 600
+FUZZ_JOBS ?= 2
+export FUZZ_JOBS
+
+.PHONY: run test build deps bench clean fuzz-build fuzz-smoke fuzz
 
 deps:
 	@missing=""; \
@@ -31,6 +37,22 @@ test: deps
 	cmake --preset test
 	cmake --build --preset test
 	ctest --preset test
+	$(MAKE) --no-print-directory fuzz-smoke
+
+# The libFuzzer targets (clang) and their seed corpora, written fresh into build/fuzz/corpus.
+fuzz-build: deps
+	cmake --preset fuzz
+	cmake --build --preset fuzz
+	rm -rf build/fuzz/corpus
+	./build/fuzz/fuzz_seeds build/fuzz/corpus
+
+# 20 seconds of every target, each on a temporary copy of its seeds.
+fuzz-smoke: fuzz-build
+	bash fuzz/run_fuzzers.sh smoke 20
+
+# The corpora grow in build/fuzz/long-corpus/<target>; the next run goes on from there.
+fuzz: fuzz-build
+	bash fuzz/run_fuzzers.sh long $(FUZZ_SECONDS)
 
 bench: build
 	./build/release/bench/kartova_bench

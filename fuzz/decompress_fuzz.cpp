@@ -1,14 +1,6 @@
 // Feeds arbitrary bytes to the graphics decoder, as a compressed stream read from memory and
 // from a ROM file, and through a compress/decompress round trip.
-//
-// Built by hand with clang, from the repository root:
-//   clang++ -std=c++20 -g -O1 -fsanitize=fuzzer,address,undefined -Isrc \
-//     fuzz/decompress_fuzz.cpp src/gfx/GraphicsDecompressor.cpp \
-//     src/gfx/GraphicsCompressor.cpp src/rom/RomFile.cpp -o build/decompress_fuzz
-//   build/decompress_fuzz -max_len=8192 -timeout=2
 // The file overload is fed every 64th input only, so file I/O does not dominate the run.
-
-#include <unistd.h>
 
 #include <algorithm>
 #include <cstdint>
@@ -18,6 +10,7 @@
 #include <string>
 #include <vector>
 
+#include "FuzzSupport.h"
 #include "gfx/GraphicsCompressor.h"
 #include "gfx/GraphicsDecompressor.h"
 #include "rom/RomFile.h"
@@ -26,12 +19,8 @@ namespace {
 
 void CheckFileAgrees(std::span<const std::uint8_t> data, std::int64_t length,
                      const kartova::GraphicsBuffer& expected) {
-  static const std::string path =
-      "/tmp/kartova_decompress_fuzz_" + std::to_string(::getpid()) + ".gbc";
-  std::FILE* f = std::fopen(path.c_str(), "wb");
-  if (!f) return;
-  std::fwrite(data.data(), 1, data.size(), f);
-  std::fclose(f);
+  static const std::string path = kartova::fuzz::WorkFile("decompress.gbc");
+  kartova::fuzz::WriteFile(path, data);
   kartova::RomFile rom = kartova::RomFile::OpenForRead(path);
   kartova::GraphicsBuffer buffer{};
   if (kartova::DecompressGraphics(rom, 0, buffer) != length || buffer != expected) std::abort();

@@ -201,8 +201,12 @@ std::string LineEnd(std::string_view text) {
   return nl > 0 && text[nl - 1] == '\r' ? "\r\n" : "\n";
 }
 
-std::string WithEntry(const std::string& text, std::string_view section, std::string_view key,
+std::string WithEntry(const std::string& original, std::string_view section, std::string_view key,
                       std::string_view value) {
+  // A last line ended by a lone CR already ends for the reader; completing its line end keeps
+  // what follows from being glued onto it.
+  std::string text = original;
+  if (!text.empty() && text.back() == '\r') text += '\n';
   const std::vector<Line> lines = SplitLines(text);
   const std::string nl = LineEnd(text);
   const std::string entry = OneLine(key) + "=" + OneLine(value);

@@ -83,6 +83,17 @@ TEST(IniFileTest, WritesChangeOnlyTheirOwnLine) {
   EXPECT_EQ(ReadFileText(ini.path()),
             "; Kartova settings\r\n[Settings]\r\nZoomMap=1\r\njunk line\r\nWinSizeX=100\r\n"
             "WinSizeY=7920\r\n\r\n[Names]\r\n00=Stra\xDF" "e\r\n[Last]\r\nx=1\r\ny=2\r\n");
+
+  // A last line ended by a lone CR: what is written next starts a line of its own, and the
+  // values before it keep reading as they did.
+  for (const char* text : {"[s]\r", "[a]\r\nk=v\r"}) {
+    SCOPED_TRACE(text);
+    WriteFileText(ini.path(), text);
+    ASSERT_TRUE(ini.Write("s", "j", "2"));
+    ASSERT_TRUE(ini.Write("b", "x", "1"));
+    EXPECT_EQ(ini.Read("s", "j", "?") + ini.Read("b", "x", "?") + ini.Read("a", "k", "-"),
+              std::string("21") + (text[1] == 'a' ? "v" : "-"));
+  }
 }
 
 TEST(IniFileTest, WriteToAReadOnlyFileFails) {
