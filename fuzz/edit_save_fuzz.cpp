@@ -39,10 +39,11 @@ constexpr int kMaxSavesInScript = 3;
 constexpr int kMaxCellsPerStroke = 8;
 
 // Puts the regions into the file's bytes, as a save is meant to: in order, a later region
-// winning, a region past the end lengthening the file with zero bytes.
+// winning, a region past the end lengthening the file with zero bytes. A region of no bytes
+// writes nothing, wherever it points (the rows of a map 0 blocks wide).
 void PutRegions(Bytes& image, const std::vector<FileRegion>& regions) {
   for (const FileRegion& region : regions) {
-    if (region.offset < 0) continue;
+    if (region.offset < 0 || region.bytes.empty()) continue;
     const auto end = static_cast<std::size_t>(region.End());
     if (image.size() < end) image.resize(end, 0);
     std::copy(region.bytes.begin(), region.bytes.end(), image.begin() + region.offset);

@@ -126,3 +126,32 @@ TEST_F(SaveInterruptionTest, ChangesMadeOnDiskByAnotherProgramOutsideTheMapStay)
 
 }  // namespace
 }  // namespace kartova
+
+namespace kartova {
+namespace {
+
+// Found by fuzzing the saves: a map 0 blocks wide whose rows point past the end of the file
+// has nothing to write there, and the file keeps its length.
+TEST(SaveRegionsTest, AMapWithoutRowsWritesNothingPastTheEnd) {
+  test::TempDir dir;
+  const BuiltRom demo = DemoRomBuilder().BuildWithLayout();
+  Bytes bytes = demo.bytes;
+  const auto secondary = static_cast<std::size_t>(demo.layout.Map(1, 1).secondary_header);
+  bytes[secondary + 2] = 0;     // width
+  bytes[secondary + 3] = 0xFF;  // rows in bank 0xFF, far past the end
+  const std::string path = dir.File("rom.gbc");
+  test::WriteFileBytes(path, bytes);
+  RomDocument doc;
+  doc.OpenRom(path, test::MemorySettings());
+  try {
+    doc.LoadSelectedMap(0, 0);
+  } catch (const RuntimeError&) {
+    // the neighbours' strips no longer fit a map of no width; the map itself is loaded
+  }
+  ASSERT_TRUE(doc.MapLoaded());
+  doc.SaveRom(kReloadMapOnly);
+  EXPECT_EQ(test::ReadFileBytes(path), bytes);
+}
+
+}  // namespace
+}  // namespace kartova
