@@ -1,9 +1,13 @@
 # Kartova: `make run` starts the editor on the demo ROM, `make test` runs every test and a short
 # run of every fuzz target, `make fuzz` fuzzes for longer (FUZZ_SECONDS per target).
+# `make package` makes a .deb of the optimised build.
 # All first install whatever is missing of the Debian packages the build needs.
 
 PACKAGES := cmake ninja-build g++ make qt6-base-dev libgtest-dev libgmock-dev libbenchmark-dev \
             libgl-dev fonts-dejavu-core clang libclang-rt-14-dev
+# The install and the .deb: the icon's PNG sizes, the package's library dependencies, and the
+# checks of the desktop entry and the AppStream file in the install test.
+PACKAGES += librsvg2-bin dpkg-dev desktop-file-utils appstream
 SUDO := $(shell [ "$$(id -u)" -eq 0 ] || echo sudo)
 
 # Seconds each fuzz target runs in `make fuzz`, and how many run side by side.
@@ -11,7 +15,7 @@ FUZZ_SECONDS ?= 600
 FUZZ_JOBS ?= 2
 export FUZZ_JOBS
 
-.PHONY: run test build deps bench clean fuzz-build fuzz-smoke fuzz
+.PHONY: run test build deps bench clean fuzz-build fuzz-smoke fuzz package
 
 deps:
 	@missing=""; \
@@ -53,6 +57,10 @@ fuzz-smoke: fuzz-build
 # The corpora grow in build/fuzz/long-corpus/<target>; the next run goes on from there.
 fuzz: fuzz-build
 	bash fuzz/run_fuzzers.sh long $(FUZZ_SECONDS)
+
+# The .deb of an optimised build: build/release/kartova_VERSION_ARCH.deb.
+package: build
+	cd build/release && cpack -G DEB
 
 bench: build
 	./build/release/bench/kartova_bench
