@@ -3,7 +3,7 @@
 # All first install whatever is missing of the Debian packages the build needs.
 
 PACKAGES := cmake ninja-build g++ make qt6-base-dev libgtest-dev libgmock-dev libbenchmark-dev \
-            libgl-dev fonts-dejavu-core clang libclang-rt-14-dev
+            libgl-dev fonts-dejavu-core clang libclang-rt-14-dev libpng-dev nlohmann-json3-dev
 SUDO := $(shell [ "$$(id -u)" -eq 0 ] || echo sudo)
 
 # Seconds each fuzz target runs in `make fuzz`, and how many run side by side.
