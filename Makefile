@@ -4,7 +4,7 @@
 # All first install whatever is missing of the Debian packages the build needs.
 
 PACKAGES := cmake ninja-build g++ make qt6-base-dev libgtest-dev libgmock-dev libbenchmark-dev \
-            libgl-dev fonts-dejavu-core clang libclang-rt-14-dev
+            libgl-dev fonts-dejavu-core clang libclang-rt-14-dev libpng-dev nlohmann-json3-dev
 # The install and the .deb: the icon's PNG sizes, the package's library dependencies, and the
 # checks of the desktop entry and the AppStream file in the install test.
 PACKAGES += librsvg2-bin dpkg-dev desktop-file-utils appstream

@@ -18,6 +18,8 @@ struct CommandContext {
   const SettingsReader& settings;
   std::ostream& out;
   std::ostream& err;
+  // The error stream is a terminal, where a progress line can be redrawn in place.
+  bool err_is_terminal = false;
 };
 
 struct Command {

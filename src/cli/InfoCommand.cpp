@@ -3,7 +3,7 @@
 #include <ostream>
 
 #include "cli/Command.h"
-#include "cli/Json.h"
+#include "cli/JsonText.h"
 #include "maps/RomDocument.h"
 #include "rom/RomDefinition.h"
 
@@ -12,30 +12,30 @@ namespace kartova::cli {
 namespace {
 
 void AddDefinition(Json& info, const RomDefinition& def) {
-  info.Set("title", def.section);
-  info.Set("headerLength", def.header_length);
-  info.Set("mapNameTable", def.map_name_table);
-  info.Set("tilesetBase", def.tileset_base);
+  info["title"] = def.section;
+  info["headerLength"] = def.header_length;
+  info["mapNameTable"] = def.map_name_table;
+  info["tilesetBase"] = def.tileset_base;
 
   // One label per header byte beyond the ninth, as the header page shows them.
-  Json names = Json::Array();
+  Json names = Json::array();
   for (std::int32_t i = 0; i < def.header_length - 9; ++i)
-    names.Push(def.extra_header_byte_names[static_cast<std::size_t>(i)]);
-  info.Set("extraHeaderByteNames", std::move(names));
+    names.push_back(def.extra_header_byte_names[static_cast<std::size_t>(i)]);
+  info["extraHeaderByteNames"] = std::move(names);
 
-  Json lists = Json::Object();
-  lists.Set("TilesetNames", Json::ArrayOf(def.name_lists[RomDefinition::kTilesetNames]));
-  lists.Set("AbilityNames", Json::ArrayOf(def.name_lists[RomDefinition::kAbilityNames]));
-  lists.Set("MusicNames", Json::ArrayOf(def.name_lists[RomDefinition::kMusicNames]));
-  lists.Set("TimeNames", Json::ArrayOf(def.name_lists[RomDefinition::kTimeNames]));
-  info.Set("lists", std::move(lists));
+  Json lists = Json::object();
+  lists["TilesetNames"] = def.name_lists[RomDefinition::kTilesetNames];
+  lists["AbilityNames"] = def.name_lists[RomDefinition::kAbilityNames];
+  lists["MusicNames"] = def.name_lists[RomDefinition::kMusicNames];
+  lists["TimeNames"] = def.name_lists[RomDefinition::kTimeNames];
+  info["lists"] = std::move(lists);
 }
 
 // The map bank table as read, the maps counted in each bank and the location names.
 void AddMapBankTable(Json& info, const RomDocument& doc) {
-  info.Set("groupPointers", Json::ArrayOf(doc.GroupPointers()));
-  info.Set("mapCounts", Json::ArrayOf(doc.MapCountPerBank()));
-  info.Set("mapNames", Json::ArrayOf(doc.MapNames()));
+  info["groupPointers"] = doc.GroupPointers();
+  info["mapCounts"] = doc.MapCountPerBank();
+  info["mapNames"] = doc.MapNames();
 }
 
 // The whole `info` document. Facts about the ROM beyond its definition get their keys here,
@@ -43,7 +43,7 @@ void AddMapBankTable(Json& info, const RomDocument& doc) {
 Json BuildInfo(const std::string& rom_path, const SettingsReader& settings) {
   RomDocument doc;
   doc.OpenRom(rom_path, settings);
-  Json info = Json::Object();
+  Json info = Json::object();
   AddDefinition(info, doc.Definition());
   AddMapBankTable(info, doc);
   return info;
@@ -55,7 +55,7 @@ int RunInfo(const CommandContext& ctx) {
             << "Usage: kartova-cli [--ini FILE] info ROM\n";
     return 2;
   }
-  ctx.out << BuildInfo(ctx.args[0], ctx.settings);
+  ctx.out << JsonText(BuildInfo(ctx.args[0], ctx.settings));
   return 0;
 }
 

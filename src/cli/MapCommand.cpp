@@ -6,7 +6,7 @@
 #include <utility>
 
 #include "cli/Command.h"
-#include "cli/Json.h"
+#include "cli/JsonText.h"
 #include "cli/MapLoading.h"
 #include "events/MapEventSet.h"
 #include "gfx/ExtendedMap.h"
@@ -27,38 +27,38 @@ std::string HexBytes(const std::array<std::uint8_t, N>& bytes) {
 
 // Every row of the bordered grid, two hex digits a block.
 Json GridJson(const ExtendedMap& grid) {
-  Json rows = Json::Array();
+  Json rows = Json::array();
   for (int y = 0; y < grid.Height(); ++y) {
     std::string row;
     row.reserve(static_cast<std::size_t>(grid.Width()) * 2);
     for (int x = 0; x < grid.Width(); ++x) row += Hex2(grid.Row(y)[x]);
-    rows.Push(row);
+    rows.push_back(row);
   }
   return rows;
 }
 
 Json ConnectionsJson(const ExtendedMap& grid) {
-  Json list = Json::Array();
+  Json list = Json::array();
   for (int d = 0; d < kDirectionCount; ++d) {
     const GridConnection& c = grid.Connection(d);
     if (!c.present) continue;
-    Json item = Json::Object();
-    item.Set("direction", d);
-    Json rect = Json::Array();
-    for (int v : {c.rect.x1, c.rect.y1, c.rect.x2, c.rect.y2}) rect.Push(v);
-    item.Set("rect", rect);
-    item.Set("bank", c.bank);
-    item.Set("map", c.map);
-    list.Push(item);
+    Json item = Json::object();
+    item["direction"] = d;
+    Json rect = Json::array();
+    for (int v : {c.rect.x1, c.rect.y1, c.rect.x2, c.rect.y2}) rect.push_back(v);
+    item["rect"] = rect;
+    item["bank"] = c.bank;
+    item["map"] = c.map;
+    list.push_back(item);
   }
   return list;
 }
 
 Json ColoursJson(const ColourTable& colours) {
-  Json list = Json::Array();
+  Json list = Json::array();
   for (int k = 0; k < ColourTable::kPaletteEntries; ++k) {
     const ColourEntry e = colours.Entry(k);
-    list.Push(Hex2(e.red) + Hex2(e.green) + Hex2(e.blue));
+    list.push_back(Hex2(e.red) + Hex2(e.green) + Hex2(e.blue));
   }
   return list;
 }
@@ -76,33 +76,33 @@ constexpr std::array<std::pair<const char*, int>, kEventKindCount> kEventLists =
 
 // Each record as its bytes in ROM order, so a warp reads "0305010218".
 Json EventsJson(const MapEventSet& events) {
-  Json json = Json::Object();
+  Json json = Json::object();
   for (const auto& [name, kind] : kEventLists) {
-    Json list = Json::Array();
+    Json list = Json::array();
     for (int index = 0; index < events.Count(kind); ++index) {
       std::string record;
       for (std::uint8_t b : events.Record(kind, index)) record += Hex2(b);
-      list.Push(record);
+      list.push_back(record);
     }
-    json.Set(name, list);
+    json[name] = list;
   }
   return json;
 }
 
 Json MapJson(const LoadedMap& loaded) {
   const RomDocument& doc = loaded.document;
-  Json json = Json::Object();
-  json.Set("bank", loaded.bank);
-  json.Set("map", loaded.map);
-  json.Set("offset", doc.HeaderOffset(loaded.bank - 1, loaded.map - 1));
-  json.Set("primary", HexBytes(doc.Primary().bytes));
-  json.Set("secondary", HexBytes(doc.Secondary().bytes));
-  json.Set("width", doc.Secondary().Width());
-  json.Set("height", doc.Secondary().Height());
-  json.Set("grid", GridJson(doc.Grid()));
-  json.Set("connections", ConnectionsJson(doc.Grid()));
-  json.Set("colours", ColoursJson(doc.Colours()));
-  json.Set("events", EventsJson(doc.Events()));
+  Json json = Json::object();
+  json["bank"] = loaded.bank;
+  json["map"] = loaded.map;
+  json["offset"] = doc.HeaderOffset(loaded.bank - 1, loaded.map - 1);
+  json["primary"] = HexBytes(doc.Primary().bytes);
+  json["secondary"] = HexBytes(doc.Secondary().bytes);
+  json["width"] = doc.Secondary().Width();
+  json["height"] = doc.Secondary().Height();
+  json["grid"] = GridJson(doc.Grid());
+  json["connections"] = ConnectionsJson(doc.Grid());
+  json["colours"] = ColoursJson(doc.Colours());
+  json["events"] = EventsJson(doc.Events());
   return json;
 }
 
@@ -116,7 +116,7 @@ int RunMap(const CommandContext& ctx) {
   }
   LoadedMap loaded;
   if (const std::optional<int> failed = LoadMap(ctx, line, loaded)) return *failed;
-  ctx.out << MapJson(loaded);
+  ctx.out << JsonText(MapJson(loaded));
   return ReportGridError(ctx, loaded);
 }
 

@@ -7,7 +7,7 @@
 #include <system_error>
 
 #include "cli/Command.h"
-#include "cli/Json.h"
+#include "cli/JsonText.h"
 #include "cli/MapLoading.h"
 #include "rom/SafeFileWriter.h"
 
@@ -56,12 +56,12 @@ int RunExportMap(const CommandContext& ctx) {
   } catch (const FileWriteError& error) {
     return FileError(ctx, "write", error);
   }
-  Json json = Json::Object();
-  json.Set("file", out_path);
-  json.Set("width", doc.Grid().MapWidth());
-  json.Set("height", doc.Grid().MapHeight());
-  json.Set("bytes", doc.MapFileBytes().size());
-  ctx.out << json;
+  Json json = Json::object();
+  json["file"] = out_path;
+  json["width"] = doc.Grid().MapWidth();
+  json["height"] = doc.Grid().MapHeight();
+  json["bytes"] = doc.MapFileBytes().size();
+  ctx.out << JsonText(json);
   // The rows are read before the neighbours' strips, so the file is whole even then.
   return ReportGridError(ctx, loaded);
 }
@@ -92,11 +92,11 @@ int RunImportMap(const CommandContext& ctx) {
   } catch (const FileWriteError& error) {
     return FileError(ctx, "write", error);
   }
-  Json json = Json::Object();
-  json.Set("offset", doc.Secondary().BlockDataFileOffset());
-  json.Set("bytes", doc.Grid().MapWidth() * doc.Grid().MapHeight());
-  json.Set("read", imported.blocks_read);
-  ctx.out << json;
+  Json json = Json::object();
+  json["offset"] = doc.Secondary().BlockDataFileOffset();
+  json["bytes"] = doc.Grid().MapWidth() * doc.Grid().MapHeight();
+  json["read"] = imported.blocks_read;
+  ctx.out << JsonText(json);
   return 0;
 }
 

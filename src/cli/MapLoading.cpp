@@ -55,40 +55,46 @@ MapCommandLine ParseMapCommandLine(const std::vector<std::string>& args,
   const std::optional<int> bank = counted ? SmallNumber(p[1]) : std::nullopt;
   const std::optional<int> map = counted ? SmallNumber(p[2]) : std::nullopt;
   const std::optional<int> time = line.Option("time", 8);
-  line.valid = line.split.error.empty() && bank && map && *bank >= 1 && *bank <= kMapBankCount &&
-               *map >= 1 && time && *time <= 8;
-  if (line.valid) {
-    line.bank = *bank;
-    line.map = *map;
-    line.time = *time;
-  }
+  line.valid = line.split.error.empty() && bank && map && time;
+  if (!line.valid) return line;
+  line.bank = *bank;
+  line.map = *map;
+  line.time = *time;
+  line.valid = line.bank >= 1 && line.bank <= kMapBankCount && line.map >= 1 && line.time <= 8;
   return line;
 }
 
-std::optional<int> LoadMap(const CommandContext& ctx, const MapCommandLine& line,
-                           LoadedMap& loaded) {
-  loaded.bank = line.bank;
-  loaded.map = line.map;
+std::optional<std::string> LoadListedMap(const std::string& rom_path, const SettingsReader& settings,
+                                         int bank, int map, int time, LoadedMap& loaded) {
+  loaded.bank = bank;
+  loaded.map = map;
   RomDocument& doc = loaded.document;
-  doc.OpenRom(line.split.positional[0], ctx.settings);
+  doc.OpenRom(rom_path, settings);
   // The map list of the bank decides which map numbers exist, as in the editor's selector.
-  const MapList list = doc.FillMapList(loaded.bank - 1);
+  const MapList list = doc.FillMapList(bank - 1);
   if (list.error) throw *list.error;
-  if (static_cast<std::size_t>(loaded.map) > list.entries.size()) {
-    ctx.err << "Fehler: Ziel-Map (" << loaded.bank << "." << loaded.map << ") existiert nicht.\n";
-    return 1;
-  }
+  if (static_cast<std::size_t>(map) > list.entries.size())
+    return "Fehler: Ziel-Map (" + std::to_string(bank) + "." + std::to_string(map) + ") existiert nicht.";
   // The lighting is chosen first, as in the editor's menu; the load reads its palettes.
-  doc.SetTimeOfDay(line.time, loaded.bank - 1);
+  doc.SetTimeOfDay(time, bank - 1);
   bool grid_built = false;
   try {
-    doc.LoadSelectedMap(loaded.bank - 1, loaded.map - 1,
+    doc.LoadSelectedMap(bank - 1, map - 1,
                         [&](MapLoadStep step) { grid_built |= step == MapLoadStep::kMapBuilt; });
   } catch (const RuntimeError& error) {
     if (!grid_built) throw;
     loaded.grid_error = error;
   }
   return std::nullopt;
+}
+
+std::optional<int> LoadMap(const CommandContext& ctx, const MapCommandLine& line,
+                           LoadedMap& loaded) {
+  const std::optional<std::string> missing =
+      LoadListedMap(line.split.positional[0], ctx.settings, line.bank, line.map, line.time, loaded);
+  if (!missing) return std::nullopt;
+  ctx.err << *missing << "\n";
+  return 1;
 }
 
 int ReportGridError(const CommandContext& ctx, const LoadedMap& loaded) {

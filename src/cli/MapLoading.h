@@ -51,6 +51,12 @@ MapCommandLine ParseMapCommandLine(const std::vector<std::string>& args,
                                    std::size_t positional_count,
                                    const std::vector<std::string>& known_options);
 
+// Loads map `map` (from 1) of map bank `bank` (1..26) of the ROM at rom_path into `loaded` at
+// lighting `time`, as LoadMap does. Returns the message for a map the bank does not list
+// ("Fehler: Ziel-Map (B.M) existiert nicht."); RomOpenError and runtime errors propagate.
+std::optional<std::string> LoadListedMap(const std::string& rom_path, const SettingsReader& settings,
+                                         int bank, int map, int time, LoadedMap& loaded);
+
 // Loads the map a valid command line names. Prints the message and returns the exit status on
 // failure: 1 for a map the bank does not list ("Fehler: Ziel-Map (B.M) existiert nicht.").
 // RomOpenError for a file that is no ROM (missing, a directory, too small) and runtime errors

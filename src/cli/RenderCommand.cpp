@@ -5,8 +5,9 @@
 
 #include "cli/Command.h"
 #include "cli/MapLoading.h"
+#include "cli/MapPicture.h"
 #include "cli/PngWriter.h"
-#include "gfx/ViewBuffer.h"
+#include "rom/SafeFileWriter.h"
 
 namespace kartova::cli {
 
@@ -14,30 +15,6 @@ namespace {
 
 constexpr const char* kUsage =
     "Usage: kartova-cli [--ini FILE] render ROM BANK MAP OUT.png [--time N] [--zoom 1|2]\n";
-
-std::vector<PngColour> Palette(const ColourTable& colours) {
-  std::vector<PngColour> palette;
-  for (int k = 0; k < 256; ++k) {
-    const ColourEntry e = colours.Entry(k);
-    palette.push_back({e.red, e.green, e.blue});
-  }
-  return palette;
-}
-
-// The whole grid through the view buffer the editor draws with: a view as large as the grid
-// at scroll 0 covers it exactly.
-IndexedImage RenderGrid(const RomDocument& doc, int zoom) {
-  const ExtendedMap& grid = doc.Grid();
-  ViewBuffer buffer;
-  ViewBuffer::View view;
-  view.zoom = zoom;
-  view.picture_width = grid.Width() * 32 * zoom;
-  view.picture_height = grid.Height() * 32 * zoom;
-  buffer.Render(grid, doc.Blocks(), view);
-  IndexedImage picture;
-  buffer.CopyVisible(picture);
-  return picture;
-}
 
 int RunRender(const CommandContext& ctx) {
   const MapCommandLine line = ParseMapCommandLine(ctx.args, 4, {"time", "zoom"});
@@ -52,8 +29,10 @@ int RunRender(const CommandContext& ctx) {
   if (const std::optional<int> failed = LoadMap(ctx, line, loaded)) return *failed;
   const IndexedImage picture = RenderGrid(loaded.document, *zoom);
   const std::string& out_path = line.split.positional[3];
-  if (!WritePng(out_path, picture, Palette(loaded.document.Colours()))) {
-    ctx.err << "kartova-cli: could not write " << out_path << "\n";
+  try {
+    WritePng(out_path, picture, PngPalette(loaded.document.Colours()));
+  } catch (const FileWriteError& error) {
+    ctx.err << "kartova-cli: could not write " << error.path() << ": " << error.reason() << "\n";
     return 1;
   }
   return ReportGridError(ctx, loaded);

@@ -8,6 +8,8 @@
 #include <string>
 #include <vector>
 
+#include <unistd.h>
+
 #include "cli/CliSettings.h"
 #include "cli/Command.h"
 #include "maps/RomFileChecks.h"
@@ -64,6 +66,7 @@ void PrintHelp(std::ostream& out) {
       << "\nOptions:\n"
       << "  --ini FILE    Read settings and ROM definitions from the INI file FILE.\n"
       << "  -h, --help    Show this help. 'kartova-cli help COMMAND' shows one command.\n"
+      << "  --version     Print the version of kartova-cli and exit.\n"
       << "\nCommands:\n";
   for (const Command* c : SortedCommands()) {
     PrintCommandHelp(out, *c);
@@ -76,6 +79,11 @@ void PrintHelp(std::ostream& out) {
                  "other than \"reg\" and agree, otherwise the per-user store. Only "
                  "install-definition writes to it.", 2)
       << "\nExit status: 0 success, 1 error, 2 wrong usage.\n";
+}
+
+// The progress line of a long command is for a person watching, not for a log file.
+bool StderrIsTerminal(const std::ostream& err) {
+  return &err == &std::cerr && ::isatty(STDERR_FILENO) == 1;
 }
 
 int UsageError(std::ostream& err, const std::string& message) {
@@ -107,7 +115,7 @@ int RunCommand(const Command& command, const std::vector<std::string>& args,
       err << "kartova-cli: " << settings.error << "\n";
       return kExitError;
     }
-    return command.run(CommandContext{args, *settings.reader, out, err});
+    return command.run(CommandContext{args, *settings.reader, out, err, StderrIsTerminal(err)});
   } catch (const RuntimeError& e) {
     err << e.GermanMessage() << "\n";
   } catch (const RomOpenError& e) {
@@ -126,6 +134,10 @@ int Run(const std::vector<std::string>& args, const std::string& program_dir, st
     const std::string& a = args[i];
     if (a == "--help" || a == "-h") {
       PrintHelp(out);
+      return 0;
+    }
+    if (a == "--version") {
+      out << "kartova-cli " << KARTOVA_VERSION << "\n";
       return 0;
     }
     if (a == "--ini") {

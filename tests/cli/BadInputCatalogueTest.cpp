@@ -72,13 +72,14 @@ class BadInputCatalogueTest : public ::testing::TestWithParam<test::BadInput> {
 TEST_P(BadInputCatalogueTest, EveryCommandFailsCleanly) {
   const test::BadInput& input = GetParam();
   SCOPED_TRACE(input.name + ": " + input.what);
-  std::array<CliRun, 5> runs;
-  const std::array<std::vector<std::string>, 5> commands = {{
+  std::array<CliRun, 6> runs;
+  const std::array<std::vector<std::string>, 6> commands = {{
       {"info", "ROM"},
       {"map", "ROM", "1", "1"},
       {"render", "ROM", "1", "1", "out.png"},
       {"export-map", "ROM", "1", "1", "out.map"},
       {"import-map", "ROM", "1", "1", "in.map"},
+      {"render-all", "ROM", "atlas.d"},
   }};
   CliRun& import = runs[4];
   test::WriteFileBytes(import.dir->File("in.map"), kMapFile);

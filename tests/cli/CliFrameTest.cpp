@@ -41,6 +41,16 @@ TEST(CliFrameTest, HelpDocumentsEveryCommandAndWrongUsageFailsWithStatus2) {
   }
 }
 
+TEST(CliFrameTest, VersionPrintsTheProjectVersion) {
+  const CliResult r = RunCli({"--version"});
+  EXPECT_EQ(r.status, 0);
+  EXPECT_EQ(r.err, "");
+  EXPECT_TRUE(r.out.rfind("kartova-cli ", 0) == 0 && r.out.find_first_not_of("0123456789.\n", 12) == std::string::npos &&
+              r.out.size() > 14 && r.out.back() == '\n')
+      << r.out;
+  EXPECT_TRUE(Contains(RunCli({"--help"}).out, "--version")) << "listed in the help";
+}
+
 #if defined(__linux__)
 // Without --ini the tool reads the editor's store, chosen by the two selectors, and writes
 // nothing. A copy of the tool in a temporary directory has its own Kartova.ini there; the

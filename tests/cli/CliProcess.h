@@ -18,4 +18,11 @@ CliResult RunCli(const std::vector<std::string>& args,
                  const std::map<std::string, std::string>& environment = {},
                  const std::string& program = KARTOVA_CLI_PATH);
 
+#if defined(__linux__)
+// Runs the tool without Qt in between: the arguments reach it as the bytes they are (names
+// that are no UTF-8, say), and with stderr_on_terminal its standard error is a pseudo
+// terminal, as when a person watches it run.
+CliResult RunCliDirect(const std::vector<std::string>& args, bool stderr_on_terminal = false);
+#endif
+
 }  // namespace kartova::test

@@ -5,8 +5,10 @@
 #include <QJsonDocument>
 #include <QJsonObject>
 #include <array>
+#include <filesystem>
 
 #include "cli/CliProcess.h"
+#include "cli/DecodedPng.h"
 #include "rom/HexText.h"
 #include "support/PlainWorld.h"
 #include "support/TempDir.h"
@@ -17,66 +19,6 @@ namespace {
 using Bytes = std::vector<std::uint8_t>;
 
 using test::PlainWorld;
-
-// An indexed PNG taken apart: size, palette and the index rows, each chunk's CRC checked.
-struct Png {
-  std::uint32_t width = 0, height = 0;
-  std::vector<std::array<std::uint8_t, 3>> palette;
-  QByteArray rows;  // height rows of a filter byte and width indices
-  bool crc_ok = true;
-
-  std::uint32_t Rgb(std::uint32_t x, std::uint32_t y) const {
-    const auto at = static_cast<qsizetype>(y * (width + 1) + 1 + x);
-    const auto index = static_cast<std::uint8_t>(rows[at]);
-    const auto& c = palette.at(index);
-    return std::uint32_t{c[0]} << 16 | c[1] << 8 | c[2];
-  }
-};
-
-std::uint32_t Crc(const std::uint8_t* p, std::size_t n) {
-  std::uint32_t crc = 0xFFFFFFFF;
-  for (std::size_t i = 0; i < n; ++i) {
-    crc ^= p[i];
-    for (int k = 0; k < 8; ++k) crc = (crc >> 1) ^ (0xEDB88320u & (0u - (crc & 1)));
-  }
-  return ~crc;
-}
-
-std::uint32_t BigEndian(const std::uint8_t* p) {
-  return std::uint32_t{p[0]} << 24 | p[1] << 16 | p[2] << 8 | p[3];
-}
-
-Png ReadPng(const Bytes& file) {
-  Png png;
-  QByteArray idat;
-  const Bytes signature = {0x89, 'P', 'N', 'G', '\r', '\n', 0x1A, '\n'};
-  EXPECT_EQ(Bytes(file.begin(), file.begin() + 8), signature);
-  for (std::size_t at = 8; at + 12 <= file.size();) {
-    const std::uint32_t length = BigEndian(&file[at]);
-    const std::string type(reinterpret_cast<const char*>(&file[at + 4]), 4);
-    const std::uint8_t* body = &file[at + 8];
-    png.crc_ok &= Crc(&file[at + 4], length + 4) == BigEndian(body + length);
-    if (type == "IHDR") {
-      png.width = BigEndian(body);
-      png.height = BigEndian(body + 4);
-      EXPECT_EQ(body[8], 8);  // bits
-      EXPECT_EQ(body[9], 3);  // indexed
-    } else if (type == "PLTE") {
-      for (std::uint32_t i = 0; i + 2 < length; i += 3)
-        png.palette.push_back({body[i], body[i + 1], body[i + 2]});
-    } else if (type == "IDAT") {
-      idat.append(reinterpret_cast<const char*>(body), length);
-    }
-    at += 12 + length;
-  }
-  // qUncompress wants the expected size in front of the zlib stream.
-  const std::uint32_t size = png.height * (png.width + 1);
-  QByteArray framed;
-  for (int shift = 24; shift >= 0; shift -= 8) framed.append(static_cast<char>(size >> shift));
-  png.rows = qUncompress(framed + idat);
-  EXPECT_EQ(static_cast<std::uint32_t>(png.rows.size()), size);
-  return png;
-}
 
 class RenderCommandTest : public ::testing::Test {
  protected:
@@ -160,8 +102,8 @@ TEST_F(RenderCommandTest, RenderWritesTheBorderedGridInTheTableColours) {
   test::CliResult r = Run({"render", rom, "2", "1", png});
   ASSERT_EQ(r.status, 0) << r.err;
   EXPECT_EQ(r.out, "");
-  Png picture = ReadPng(test::ReadFileBytes(png));
-  EXPECT_TRUE(picture.crc_ok);
+  test::DecodedPng picture = test::ReadPng(png);
+  ASSERT_TRUE(picture.ok) << picture.error;
   ASSERT_EQ(picture.width, 9u * 32);
   ASSERT_EQ(picture.height, 10u * 32);
   EXPECT_EQ(picture.Rgb(0, 0), 0x0000FFu);            // border block 3
@@ -172,14 +114,13 @@ TEST_F(RenderCommandTest, RenderWritesTheBorderedGridInTheTableColours) {
 
   r = Run({"render", "--zoom=2", rom, "2", "1", png, "--time", "1"});
   ASSERT_EQ(r.status, 0) << r.err;
-  picture = ReadPng(test::ReadFileBytes(png));
-  EXPECT_TRUE(picture.crc_ok);
+  picture = test::ReadPng(png);
+  ASSERT_TRUE(picture.ok) << picture.error;
   ASSERT_EQ(picture.width, 9u * 64);
   ASSERT_EQ(picture.height, 10u * 64);
   EXPECT_EQ(picture.Rgb(4 * 64 + 63, 3 * 64), 0xFFFFFFu);  // block 1 at lighting 1
   EXPECT_EQ(picture.Rgb(3 * 64 + 1, 4 * 64 + 63), 0x00FF00u);
 
-  EXPECT_EQ(Run({"render", rom, "2", "1", dir.path().string()}).status, 1);  // not writable
   EXPECT_EQ(Run({"render", rom, "2", "3", png}).err, "Fehler: Ziel-Map (2.3) existiert nicht.\n");
 }
 
@@ -197,8 +138,88 @@ TEST_F(RenderCommandTest, AStripOutsideTheGridStillShowsTheMapAndFails) {
   r = Run({"render", rom, "2", "3", png});
   EXPECT_EQ(r.status, 1);
   EXPECT_EQ(r.err, message);
-  const Png picture = ReadPng(test::ReadFileBytes(png));
+  const test::DecodedPng picture = test::ReadPng(png);
   EXPECT_EQ(picture.Rgb(3 * 32, 3 * 32), 0x00FF00u);
+}
+
+// PlainWorld's blocks 0..3 are one colour each: colour-table entries 0, 9, 22 and 31.
+constexpr std::array<std::uint8_t, 4> kBlockEntry = {0, 9, 22, 31};
+
+TEST_F(RenderCommandTest, ThePngHoldsExactlyTheGridsIndicesAndTheColourTable) {
+  Write(PlainWorld().Build());
+  const test::CliResult map = Run({"map", rom, "2", "2", "--time", "2"});
+  ASSERT_EQ(map.status, 0) << map.err;
+  ASSERT_EQ(Run({"render", rom, "2", "2", png, "--time", "2"}).status, 0);
+  const test::DecodedPng picture = test::ReadPng(png);
+  ASSERT_TRUE(picture.ok) << picture.error;
+  EXPECT_EQ(picture.bit_depth, 8);
+  EXPECT_EQ(picture.colour_type, 3);  // indexed
+  // Nothing but the picture: no gamma, no text, no time stamp.
+  EXPECT_EQ(picture.chunks.front(), "IHDR");
+  EXPECT_EQ(picture.chunks[1], "PLTE");
+  EXPECT_EQ(picture.chunks.back(), "IEND");
+  for (std::size_t i = 2; i + 1 < picture.chunks.size(); ++i) EXPECT_EQ(picture.chunks[i], "IDAT");
+
+  const QJsonObject json = Json(map);
+  const QJsonArray colours = json["colours"].toArray();
+  ASSERT_EQ(picture.palette.size(), 256u);
+  for (std::size_t k = 0; k < 256; ++k) {
+    const std::string rgb = Hex2(picture.palette[k][0]) + Hex2(picture.palette[k][1]) + Hex2(picture.palette[k][2]);
+    EXPECT_EQ(rgb, k < 32 ? colours[static_cast<qsizetype>(k)].toString().toStdString() : "000000") << k;
+  }
+  const QJsonArray grid = json["grid"].toArray();
+  ASSERT_EQ(picture.height, static_cast<std::uint32_t>(grid.size()) * 32);
+  ASSERT_EQ(picture.width, static_cast<std::uint32_t>(grid[0].toString().size() / 2) * 32);
+  std::vector<std::uint8_t> expected;
+  for (std::uint32_t y = 0; y < picture.height; ++y) {
+    const std::string row = grid[y / 32].toString().toStdString();
+    for (std::uint32_t x = 0; x < picture.width; ++x)
+      expected.push_back(kBlockEntry.at(std::stoi(row.substr(x / 32 * 2, 2), nullptr, 16)));
+  }
+  EXPECT_TRUE(picture.pixels == expected);
+
+  // Double size: every pixel becomes a square of four.
+  ASSERT_EQ(Run({"render", rom, "2", "2", png, "--time", "2", "--zoom", "2"}).status, 0);
+  const test::DecodedPng twice = test::ReadPng(png);
+  ASSERT_TRUE(twice.ok) << twice.error;
+  ASSERT_EQ(twice.width, picture.width * 2);
+  ASSERT_EQ(twice.height, picture.height * 2);
+  EXPECT_EQ(twice.palette, picture.palette);
+  std::size_t differing = 0;
+  for (std::uint32_t y = 0; y < twice.height; ++y)
+    for (std::uint32_t x = 0; x < twice.width; ++x) differing += twice.Index(x, y) != picture.Index(x / 2, y / 2);
+  EXPECT_EQ(differing, 0u);
+}
+
+TEST_F(RenderCommandTest, AWriteThatFailsIsReportedWithTheSystemsReason) {
+  Write(PlainWorld().Build());
+  const std::string missing = dir.File("no-such-folder/map.png");
+  test::CliResult r = Run({"render", rom, "2", "1", missing});
+  EXPECT_EQ(r.status, 1);
+  EXPECT_EQ(r.err, "kartova-cli: could not write " + missing + ": No such file or directory\n");
+  r = Run({"render", rom, "2", "1", dir.path().string()});
+  EXPECT_EQ(r.status, 1);
+  EXPECT_EQ(r.err, "kartova-cli: could not write " + dir.path().string() + ": Is a directory\n");
+
+#if defined(__linux__)
+  // A file that fills up part-way (here: past a file size limit of one or two KiB) is not left
+  // behind as a picture cut short.
+  const std::string big = dir.File("limited.png");
+  r = test::RunCli({"-c", "ulimit -f 2 && trap '' XFSZ && exec \"$0\" \"$@\"", KARTOVA_CLI_PATH,
+                    "--ini", ini, "render", rom, "2", "1", big, "--zoom", "2"},
+                   {}, "/bin/sh");
+  EXPECT_EQ(r.status, 1);
+  EXPECT_EQ(r.err, "kartova-cli: could not write " + big + ": File too large\n");
+  EXPECT_FALSE(std::filesystem::exists(big));
+#endif
+
+  // A device that is always full takes the file but none of its bytes. It is no file of ours
+  // and must still be there afterwards.
+  if (!std::filesystem::is_character_file("/dev/full")) GTEST_SKIP() << "no /dev/full";
+  r = Run({"render", rom, "2", "1", "/dev/full"});
+  EXPECT_EQ(r.status, 1);
+  EXPECT_EQ(r.err, "kartova-cli: could not write /dev/full: No space left on device\n");
+  EXPECT_TRUE(std::filesystem::is_character_file("/dev/full"));
 }
 
 }  // namespace
