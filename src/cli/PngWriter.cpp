@@ -13,10 +13,11 @@ namespace kartova::cli {
 
 namespace {
 
-// Maps are rows of repeated 32-pixel blocks: the fastest deflate level already finds those
-// repeats, and higher levels cost more time than they save in size. Indexed rows gain nothing
-// from the PNG filters, which only help photographic colour.
-constexpr int kCompressionLevel = 1;
+// Maps are rows of repeated 32-pixel blocks, which even the fast deflate levels find. Level 3
+// gives pictures about a third smaller than level 1 for a few per cent more time (the demo's
+// harbour town: 26 KB against 40 KB); from level 6 on the time grows faster than the size
+// shrinks. Indexed rows gain nothing from the PNG filters, which only help photographic colour.
+constexpr int kCompressionLevel = 3;
 constexpr std::size_t kIdatChunkSize = 256 * 1024;
 
 // Where libpng's output goes: a buffer that gathers its many small pieces (chunk lengths,
