@@ -29,7 +29,7 @@
 #include <utility>
 #include <vector>
 
-#include "app/IniFile.h"
+#include "settings/IniFile.h"
 #include "demo/RomBuilder.h"
 #include "rom/SettingsReader.h"
 

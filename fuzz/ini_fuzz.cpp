@@ -16,7 +16,7 @@
 #include <vector>
 
 #include "FuzzSupport.h"
-#include "app/IniFile.h"
+#include "settings/IniFile.h"
 #include "rom/Utf8.h"
 
 using namespace kartova;

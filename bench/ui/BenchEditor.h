@@ -11,8 +11,9 @@
 #include <random>
 #include <string>
 
-#include "app/SettingsStore.h"
+#include "settings/SettingsStore.h"
 #include "demo/DemoRom.h"
+#include "settings/QtRegistry.h"
 #include "ui/MainWindow.h"
 #include "ui/Prompter.h"
 
@@ -33,7 +34,8 @@ class BenchEditor {
              ("kartova-ui-bench-" + std::to_string(std::random_device{}()))) {
     const std::filesystem::path program = dir_ / "program";
     std::filesystem::create_directories(program);
-    settings_ = std::make_unique<SettingsStore>(program.string(), (dir_ / "registry.ini").string());
+    settings_ = std::make_unique<SettingsStore>(program.string(),
+                                                std::make_unique<QtRegistry>((dir_ / "registry.ini").string()));
     settings_->WriteRegistry("Settings", "DefaultPropertyPath", "ini");
     std::ofstream(settings_->IniPath()) << "[Settings]\nDefaultPropertyPath=ini\n" << DemoDefinitionIni() << "\n";
     window_ = std::make_unique<MainWindow>(*settings_, prompter_, QString::fromStdString(program.string()));

@@ -52,7 +52,8 @@ class Editor {
   Editor() : rom_(CrowdRom()), editor_(rom_.path()) {
     MainWindow& window = editor_.window();
     window.show();
-    if (window.event_zoom() != 2) window.menu().Item(QStringLiteral("mnuEventZoom"))->trigger();
+    if (window.view_options().zoom(ViewOptions::View::kEvent) != 2)
+      window.menu().Item(QStringLiteral("mnuEventZoom"))->trigger();
     window.tab_strip()->setCurrentIndex(MainWindow::kEventTab);
     FitPicture();
     window.SwitchToMap(kBank, kMap);

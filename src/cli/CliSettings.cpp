@@ -4,8 +4,10 @@
 #include <fstream>
 #include <system_error>
 
-#include "app/IniFile.h"
-#include "app/SettingsStore.h"
+#include "settings/IniFile.h"
+#include "settings/QtRegistry.h"
+#include "settings/SettingsLocation.h"
+#include "settings/SettingsStore.h"
 
 #ifdef _WIN32
 #include <windows.h>
@@ -61,7 +63,8 @@ OpenedSettings OpenCliSettings(const std::optional<std::string>& ini_path,
     opened.reader = std::make_unique<IniFile>(*ini_path);
     return opened;
   }
-  auto store = std::make_unique<SettingsStore>(program_dir);
+  auto store = std::make_unique<SettingsStore>(IniDirectoryFromEnvironment(program_dir),
+                                               std::make_unique<QtRegistry>());
   store->set_kind(store->PeekBackEnd());
   opened.reader = std::move(store);
   return opened;

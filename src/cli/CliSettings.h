@@ -15,13 +15,14 @@ struct OpenedSettings {
 };
 
 // With an INI file given (--ini FILE): that file alone; a missing or unreadable file is an
-// error, since the user named it. Without one: the store the editor in program_dir would use,
-// its back end chosen as at the editor's start-up, except that disagreeing selectors are left
-// as they are (no repair, no message) and the registry is read.
+// error, since the user named it. Without one: the store the editor in program_dir would use
+// (Kartova.ini where settings/SettingsLocation.h puts it for that directory), its back end
+// chosen as at the editor's start-up, except that disagreeing selectors are left as they are
+// (no repair, no message) and the registry is read.
 OpenedSettings OpenCliSettings(const std::optional<std::string>& ini_path,
                                const std::string& program_dir);
 
-// The directory of the running executable (UTF-8), where the editor looks for Kartova.ini.
+// The directory of the running executable (UTF-8), from which the editor's INI directory follows.
 std::string ProgramDirectory(const char* argv0);
 
 }  // namespace kartova::cli

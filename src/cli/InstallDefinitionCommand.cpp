@@ -4,6 +4,7 @@
 #include <cctype>
 #include <filesystem>
 #include <fstream>
+#include <memory>
 #include <ostream>
 #include <set>
 #include <sstream>
@@ -12,9 +13,10 @@
 #include <utility>
 #include <vector>
 
-#include "app/IniFile.h"
-#include "app/SettingsStore.h"
 #include "cli/Command.h"
+#include "settings/IniFile.h"
+#include "settings/QtRegistry.h"
+#include "settings/SettingsStore.h"
 
 namespace kartova::cli {
 
@@ -94,7 +96,7 @@ class Target {
   bool Write(const Entry& e) const {
     if (ini_) return ini_->Write(e.section, e.key, e.value);
     if (store_->kind() == SettingsStore::kIni) return IniFile(store_->IniPath()).Write(e.section, e.key, e.value);
-    SettingsStore registry(store_->IniDirectory());
+    SettingsStore registry(store_->IniDirectory(), std::make_unique<QtRegistry>());
     registry.WriteRegistry(e.section, e.key, e.value);
     return registry.ReadRegistry(e.section, e.key, kAbsent) == e.value;
   }

@@ -14,8 +14,8 @@
 #include "rom/HexText.h"
 #include "ui/HeaderPage.h"
 #include "ui/LinkDataFrame.h"
-#include "ui/MainWindow.h"
-#include "ui/MapSelector.h"
+#include "ui/PageContext.h"
+#include "ui/ScopeExit.h"
 
 namespace kartova {
 
@@ -130,33 +130,34 @@ QPushButton* ConnectionFrame::command(int number) const {
 
 // ---- Wiring ---------------------------------------------------------------------------------
 
-void ConnectionFrame::Attach(MainWindow& window, HeaderPage& page, LinkDataFrame& link_data) {
-  window_ = &window;
+void ConnectionFrame::Attach(RomDocument& document, PageContext& context, HeaderPage& page,
+                             LinkDataFrame& link_data) {
+  document_ = &document;
+  context_ = &context;
   page_ = &page;
   link_data_ = &link_data;
   ConnectControls();
 }
 
 void ConnectionFrame::ConnectControls() {
-  MainWindow& window = *window_;
   connect(selector_group_, &QButtonGroup::idClicked, this,
-          [this](int index) { window_->Guarded([&] { ShowConnection(index); }); });
+          [this](int index) { context_->Guarded([&] { ShowConnection(index); }); });
   for (int i = 0; i < kDirections; ++i)
     connect(page_->connection_check(i), &QCheckBox::clicked, this,
-            [this, i] { window_->Guarded([&] { ClickConnectionCheck(i); }); });
+            [this, i] { context_->Guarded([&] { ClickConnectionCheck(i); }); });
   // Both signals come from inside the header page's change handler, which catches for them.
   connect(page_, &HeaderPage::ConnectionEditorEnabled, this, &ConnectionFrame::ConnectionFlagsShown);
   connect(page_, &HeaderPage::ConnectionBoxEdited, this, &ConnectionFrame::StoreBoxEdit);
-  connect(&window, &MainWindow::MapLoadStepDone, this, [this](MapLoadStep step) {
+  connect(&context_->events(), &PageEvents::MapLoadStepDone, this, [this](MapLoadStep step) {
     if (step == MapLoadStep::kHeaderPage) RefreshAfterMapLoad();
     if (step == MapLoadStep::kMapBuilt) FillConnectionList();
   });
   connect(command(2), &QPushButton::clicked, this,
-          [this] { window_->Guarded([this] { ClickShowDestination(); }); });
+          [this] { context_->Guarded([this] { ClickShowDestination(); }); });
   connect(command(3), &QPushButton::clicked, this,
-          [this] { window_->Guarded([this] { ClickShowNeighbour(NeighbourMark::kWindow); }); });
+          [this] { context_->Guarded([this] { ClickShowNeighbour(NeighbourMark::kWindow); }); });
   connect(command(4), &QPushButton::clicked, this,
-          [this] { window_->Guarded([this] { ClickShowNeighbour(NeighbourMark::kSource); }); });
+          [this] { context_->Guarded([this] { ClickShowNeighbour(NeighbourMark::kSource); }); });
 }
 
 // ---- Selection ------------------------------------------------------------------------------
@@ -198,9 +199,9 @@ int ConnectionFrame::EnsureConnectionSelected() {
 }
 
 void ConnectionFrame::WriteBoxes(const ConnectionBoxTexts& texts) {
-  const std::uint8_t saved = window_->updating_controls();
-  const ScopeExit restore([this, saved] { window_->set_updating_controls(saved); });
-  window_->set_updating_controls(kUpdatingConnectionFields);
+  const std::uint8_t saved = context_->state().updating_controls;
+  const ScopeExit restore([this, saved] { context_->state().updating_controls = saved; });
+  context_->state().updating_controls = kUpdatingConnectionFields;
   for (int b = kFirstBox; b <= kLastBox; ++b)
     box(b)->setText(QString::fromStdString(texts[static_cast<size_t>(b - kFirstBox)]));
 }
@@ -209,7 +210,7 @@ std::string ConnectionFrame::BoxText(int number) const { return box(number)->tex
 
 void ConnectionFrame::ShowConnection(int index) {
   const ConnectionView view =
-      ShowConnectionData(window_->document().Secondary().bytes, Selectors(false).enabled, index);
+      ShowConnectionData(document_->Secondary().bytes, Selectors(false).enabled, index);
   WriteBoxes(view.texts);
   length_label_->setText(QString::fromStdString(view.length_caption));
 }
@@ -228,9 +229,9 @@ void ConnectionFrame::SetConnectionEditorEnabled(bool enabled) {
 // ---- Handlers -------------------------------------------------------------------------------
 
 void ConnectionFrame::ClickConnectionCheck(int index) {
-  if (window_->updating_controls() != kUpdatingIdle) return;
-  const ScopeExit idle([this] { window_->set_updating_controls(kUpdatingIdle); });
-  window_->set_updating_controls(kUpdatingConnectionChecks);
+  if (context_->state().updating_controls != kUpdatingIdle) return;
+  const ScopeExit idle([this] { context_->state().updating_controls = kUpdatingIdle; });
+  context_->state().updating_controls = kUpdatingConnectionChecks;
   DirectionFlags checked{};
   for (int i = 0; i < kDirections; ++i)
     checked[static_cast<size_t>(i)] = page_->connection_check(i)->isChecked();
@@ -249,7 +250,7 @@ void ConnectionFrame::ConnectionFlagsShown(bool enabled) {
   // The header page refreshed Header(8): the direction shown last is shown again, for the
   // record of the map now loaded.
   const int selected = SelectedConnection();
-  if (window_->updating_controls() == kUpdatingShowingHeaders && enabled && selected != -1)
+  if (context_->state().updating_controls == kUpdatingShowingHeaders && enabled && selected != -1)
     ShowConnection(selected);
 }
 
@@ -265,24 +266,24 @@ void ConnectionFrame::RefreshAfterMapLoad() {
 
 void ConnectionFrame::FillConnectionList() {
   connection_list_->clear();
-  for (const std::string& item : window_->document().Grid().ConnectionItems())
+  for (const std::string& item : document_->Grid().ConnectionItems())
     connection_list_->addItem(QString::fromStdString(item));
   // The first direction is shown, so that the list reads at a glance.
   if (connection_list_->count() > 0) connection_list_->setCurrentIndex(0);
 }
 
 void ConnectionFrame::StoreBoxEdit(int box_number, std::int32_t value) {
-  RomDocument& document = window_->document();
+  RomDocument& document = *document_;
   SecondaryHeaderBuffer secondary = document.Secondary();
   StoreConnectionEdit(secondary.bytes, Selectors(false), box_number, value);
   document.EditHeaders(document.Primary(), secondary, "Anbindung ändern",
                        "Header(" + std::to_string(box_number) + ")");
-  window_->DocumentEdited();
+  context_->DocumentEdited();
 }
 
 void ConnectionFrame::ClickShowDestination() {
   const std::int32_t destination = ParseHex(BoxText(kDestinationBox));
-  const RomDocument& document = window_->document();
+  const RomDocument& document = *document_;
   link_data_->MarkPosition(
       WorkingCopyPosition(destination, document.MapWidth(), document.MapHeight()));
 }
@@ -294,14 +295,14 @@ void ConnectionFrame::ClickShowNeighbour(NeighbourMark mark) {
   const std::int32_t map = ParseHex(BoxText(kNeighbourMapBox));
   const std::int32_t value = ParseHex(BoxText(mark == NeighbourMark::kWindow ? kWindowBox : kSourceBox));
   std::array<int, kMapBankCount> counts{};
-  const MapCounts& known = window_->document().MapCountPerBank();
+  const MapCounts& known = document_->MapCountPerBank();
   std::copy(known.begin(), known.end(), counts.begin());
   const std::optional<NeighbourTarget> target = NeighbourTargetOf(bank, map, counts);
   if (!target) return;
 
-  if (!window_->SwitchToMap(target->bank_index, target->map_index)) return;
+  if (!context_->SwitchToMap(target->bank_index, target->map_index)) return;
 
-  const RomDocument& document = window_->document();
+  const RomDocument& document = *document_;
   const int width = document.MapWidth();
   const int height = document.MapHeight();
   link_data_->MarkPosition(

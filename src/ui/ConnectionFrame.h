@@ -18,7 +18,8 @@ namespace kartova {
 
 class HeaderPage;
 class LinkDataFrame;
-class MainWindow;
+class PageContext;
+class RomDocument;
 
 // The "Anbindungen" frame (Frame8) of the header page: the option buttons ConSel(0)-ConSel(3)
 // choose the direction whose connection record the boxes Header(11)-Header(19) show, and the
@@ -39,9 +40,10 @@ class ConnectionFrame : public QGroupBox {
 
   explicit ConnectionFrame(QWidget* parent = nullptr);
 
-  // Wires the frame to the window's state, to the header page's check boxes and change events
-  // and to the link data view the position buttons mark in. Run once, when the page is built.
-  void Attach(MainWindow& window, HeaderPage& page, LinkDataFrame& link_data);
+  // Wires the frame to the document and the shared flags, to the header page's check boxes and
+  // change events and to the link data view the position buttons mark in. Run once, when the
+  // page is built.
+  void Attach(RomDocument& document, PageContext& context, HeaderPage& page, LinkDataFrame& link_data);
 
   // ConSel(direction), direction 0 north, 1 south, 2 west, 3 east.
   QRadioButton* selector(int direction) const;
@@ -99,7 +101,8 @@ class ConnectionFrame : public QGroupBox {
   std::array<QPushButton*, 3> commands_{};
   QComboBox* connection_list_ = nullptr;
 
-  MainWindow* window_ = nullptr;
+  RomDocument* document_ = nullptr;
+  PageContext* context_ = nullptr;
   HeaderPage* page_ = nullptr;
   LinkDataFrame* link_data_ = nullptr;
 };

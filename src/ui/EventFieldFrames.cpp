@@ -13,7 +13,7 @@
 #include <algorithm>
 
 #include "events/EventFields.h"
-#include "ui/MainWindow.h"
+#include "ui/ScopeExit.h"
 #include "ui/WindowPlacement.h"
 
 namespace kartova {

@@ -13,8 +13,9 @@
 #include "events/EventFields.h"
 #include "rom/HexText.h"
 #include "ui/EventViewController.h"
-#include "ui/MainWindow.h"
 #include "ui/MapView.h"
+#include "ui/PageContext.h"
+#include "ui/ScopeExit.h"
 
 namespace kartova {
 
@@ -55,7 +56,8 @@ class FieldsUpdating {
 
 }  // namespace
 
-EventPage::EventPage(MainWindow& window, QWidget* parent) : QFrame(parent), window_(window) {
+EventPage::EventPage(RomDocument& document, PageContext& context, QWidget* parent)
+    : QFrame(parent), document_(document), context_(context) {
   setObjectName(QStringLiteral("Frame(1)"));
   event_view_ = new MapView(3, this);
   key_filter_ = new EventFieldKeyFilter(this);
@@ -75,7 +77,7 @@ EventPage::EventPage(MainWindow& window, QWidget* parent) : QFrame(parent), wind
   layout->addWidget(column);
 
   ConnectFields();
-  connect(&window_, &MainWindow::MapLoadStepDone, this, [this](MapLoadStep step) { AfterMapLoadStep(step); });
+  connect(&context_.events(), &PageEvents::MapLoadStepDone, this, [this](MapLoadStep step) { AfterMapLoadStep(step); });
 }
 
 QWidget* EventPage::BuildListColumn() {
@@ -92,7 +94,7 @@ QWidget* EventPage::BuildListColumn() {
     list->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
     list->setEnabled(false);
     // Only a choice of the user's runs the handler; the program's own selections do not.
-    connect(list, &QComboBox::activated, this, [this, kind] { window_.Guarded([&] { SelectEventFromList(kind); }); });
+    connect(list, &QComboBox::activated, this, [this, kind] { context_.Guarded([&] { SelectEventFromList(kind); }); });
     lists_[static_cast<size_t>(kind)] = list;
     const int row = place / 2 * 2;
     const int column = place % 2;
@@ -106,10 +108,10 @@ void EventPage::ConnectFields() {
   for (int i = 1; i < EventFieldWidgets::kFieldSlots; ++i) {
     QLineEdit* box = field(i);
     if (!box) continue;
-    connect(box, &QLineEdit::textChanged, this, [this, i] { window_.Guarded([&] { EditEventField(i); }); });
+    connect(box, &QLineEdit::textChanged, this, [this, i] { context_.Guarded([&] { EditEventField(i); }); });
     // Leaving a field ends its step: the keys typed into it are undone together.
     connect(box, &QLineEdit::editingFinished, this,
-            [this] { window_.Guarded([this] { window_.document().CloseGesture(); }); });
+            [this] { context_.Guarded([this] { document_.CloseGesture(); }); });
   }
 }
 
@@ -146,16 +148,15 @@ void EventPage::AfterMapLoadStep(MapLoadStep step) {
 
 void EventPage::ShowMapLimits() {
   const FieldsUpdating updating(*this);
-  const RomDocument& document = window_.document();
   // Events may stand in the margin of 6 tiles around the map; people are stored 4 tiles on.
-  const int x_max = document.MapWidth() * 2 + 5;
-  const int y_max = document.MapHeight() * 2 + 5;
+  const int x_max = document_.MapWidth() * 2 + 5;
+  const int y_max = document_.MapHeight() * 2 + 5;
   for (int number : {1, 3, 7}) up_down(number)->SetMaximum(x_max);
   for (int number : {2, 4, 8}) up_down(number)->SetMaximum(y_max);
   up_down(5)->SetMaximum(x_max + 4);
   up_down(6)->SetMaximum(y_max + 4);
 
-  const QString bank = QString::fromStdString(Hex2(document.Secondary().ScriptBank())) + QLatin1Char(':');
+  const QString bank = QString::fromStdString(Hex2(document_.Secondary().ScriptBank())) + QLatin1Char(':');
   for (QLabel* label : widgets_.bank_labels) label->setText(bank);
 }
 
@@ -173,7 +174,7 @@ void EventPage::FillEventLists() {
   for (int kind : {kEventWarp, kEventTrigger, kEventSign, kEventPeople}) lists_[static_cast<size_t>(kind)]->clear();
   for (int kind : {kEventWarp, kEventTrigger, kEventSign, kEventPeople}) FillEventList(kind);
 
-  if (window_.document().Events().Empty()) {
+  if (document_.Events().Empty()) {
     field_frame(selected_kind_)->hide();
     widgets_.caption_frame->setTitle(QStringLiteral("Daten"));
   }
@@ -182,7 +183,7 @@ void EventPage::FillEventLists() {
 // Only the first list that has records shows one: after it, the flag keeps the others quiet.
 void EventPage::FillEventList(int kind) {
   QComboBox* list = lists_[static_cast<size_t>(kind)];
-  const int count = window_.document().Events().Count(kind);
+  const int count = document_.Events().Count(kind);
   if (count == 0) {
     list->setEnabled(false);
     return;
@@ -203,7 +204,8 @@ void EventPage::SelectEventFromList(int kind) {
   QComboBox* list = event_list(kind);
   if (!list) return;
   const int index = list->currentIndex();
-  if ((index == selected_index_ && kind == selected_kind_) || lists_loading_ || window_.rom_loading() == 1) return;
+  if ((index == selected_index_ && kind == selected_kind_) || lists_loading_ || context_.state().rom_loading == 1)
+    return;
   if (index < 0) return;
   field_frame(selected_kind_)->hide();
   field_frame(kind)->show();
@@ -212,19 +214,19 @@ void EventPage::SelectEventFromList(int kind) {
                                    QString::number(index));
   selected_index_ = index;
   if (!ScriptKind(kind))
-    if (EventViewController* view = window_.event_view_controller()) view->DrawSelectedEventMarker();
+    if (view_controller_) view_controller_->DrawSelectedEventMarker();
   ShowFields(kind, index, false);
 }
 
 int EventPage::RecordOf(int kind) const {
   const int index = ScriptKind(kind) ? lists_[static_cast<size_t>(kind)]->currentIndex() : selected_index_;
   // 255 lies past every list: a count byte gives at most 255 records.
-  if (index < 0 || index >= window_.document().Events().Count(kind)) return -1;
+  if (index < 0 || index >= document_.Events().Count(kind)) return -1;
   return index;
 }
 
 void EventPage::ShowFields(int kind, int index, bool positions_only) {
-  const MapEventSet& events = window_.document().Events();
+  const MapEventSet& events = document_.Events();
   if (index < 0 || index >= events.Count(kind)) return;
   const FieldsUpdating updating(*this);
   const std::span<const std::uint8_t> record = events.Record(kind, index);
@@ -255,18 +257,18 @@ void EventPage::EditEventField(int text_index) {
     if (!typed) return;
     // The move writes both fields itself, already clamped to the map.
     const FieldsUpdating updating(*this);
-    if (EventViewController* view = window_.event_view_controller()) view->MoveSelectedEvent(typed->x, typed->y);
+    if (view_controller_) view_controller_->MoveSelectedEvent(typed->x, typed->y);
     return;
   }
 
   const int index = RecordOf(kind);
   if (index < 0) return;
-  RomDocument& document = window_.document();
   std::optional<std::vector<std::uint8_t>> bytes =
-      StoreEventFieldText(*edited, field(text_index)->text().toStdString(), document.Events().Record(kind, index));
+      StoreEventFieldText(*edited, field(text_index)->text().toStdString(), document_.Events().Record(kind, index));
   if (!bytes) return;
-  document.EditEventRecord(kind, index, std::move(*bytes), "Event ändern", "Text(" + std::to_string(text_index) + ")");
-  window_.DocumentEdited();
+  document_.EditEventRecord(kind, index, std::move(*bytes), "Event ändern",
+                            "Text(" + std::to_string(text_index) + ")");
+  context_.DocumentEdited();
 }
 
 }  // namespace kartova

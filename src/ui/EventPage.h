@@ -13,8 +13,10 @@ class QSpinBox;
 
 namespace kartova {
 
-class MainWindow;
+class EventViewController;
 class MapView;
+class PageContext;
+class RomDocument;
 enum class MapLoadStep;
 
 // The " Events " page: the event view (Picture3 with HScroll3, VScroll3) and the event editors:
@@ -27,9 +29,12 @@ class EventPage : public QFrame {
   Q_OBJECT
 
  public:
-  explicit EventPage(MainWindow& window, QWidget* parent = nullptr);
+  EventPage(RomDocument& document, PageContext& context, QWidget* parent = nullptr);
 
   MapView* event_view() const { return event_view_; }
+  // The event view's behaviour, which the selection and the typed positions go through; built
+  // after the page, since it draws on the page's view.
+  void set_view_controller(EventViewController* controller) { view_controller_ = controller; }
 
   // The list of an event kind (0 warp .. 5 Time: Combo6, Combo7, Combo8, Combo9, Combo4,
   // Combo5); nullptr for another kind.
@@ -84,7 +89,9 @@ class EventPage : public QFrame {
   int RecordOf(int kind) const;
   void ShowFields(int kind, int index, bool positions_only);
 
-  MainWindow& window_;
+  RomDocument& document_;
+  PageContext& context_;
+  EventViewController* view_controller_ = nullptr;
   MapView* event_view_;
   std::array<QComboBox*, kEventKindCount> lists_{};
   EventFieldKeyFilter* key_filter_;

@@ -15,9 +15,10 @@
 #include "ui/FrameMarker.h"
 #include "ui/GraphicsController.h"
 #include "ui/IndexedPictureBox.h"
-#include "ui/MainWindow.h"
-#include "ui/MapSelector.h"
 #include "ui/MapView.h"
+#include "ui/PageContext.h"
+#include "ui/ScopeExit.h"
+#include "ui/ViewOptions.h"
 
 // The marker pictures are compiled into the ui library, which is linked statically: nothing
 // would pull their registration into the program unless it is called.
@@ -98,26 +99,33 @@ void DirectionLine::paintEvent(QPaintEvent* /*event*/) {
 
 // ---- Drawing --------------------------------------------------------------------------------
 
-EventViewController::EventViewController(MainWindow& window)
-    : QObject(&window), window_(window), marker_source_(QStringLiteral(":/markers/")) {
+EventViewController::EventViewController(RomDocument& document, PageContext& context, EventPage& page,
+                                         GraphicsController& graphics, const ViewOptions& options, QObject* parent)
+    : QObject(parent),
+      document_(document),
+      context_(context),
+      page_(page),
+      graphics_(graphics),
+      options_(options),
+      marker_source_(QStringLiteral(":/markers/")) {
   setObjectName(QStringLiteral("EventViewController"));
   RegisterMarkerResources();
   IndexedPictureBox* picture = View().picture();
   shape5_ = new FrameMarker(QStringLiteral("Shape5"), kSelectionColour, 2, picture);
-  shape5_->SetSize(window.graphics()->event_cell_size());
+  shape5_->SetSize(graphics.event_cell_size());
   shape5_->MoveTo(0, kOffPicture);
   line1_ = new DirectionLine(picture);
 
   connect(picture, &IndexedPictureBox::MousePressed, this,
-          [this](Qt::MouseButton, QPoint mouse) { window_.Guarded([&] { Press(mouse); }); });
+          [this](Qt::MouseButton, QPoint mouse) { context_.Guarded([&] { Press(mouse); }); });
   connect(picture, &IndexedPictureBox::MouseMoved, this, [this](Qt::MouseButtons buttons, QPoint mouse) {
-    if (buttons != Qt::NoButton) window_.Guarded([&] { Move(mouse); });
+    if (buttons != Qt::NoButton) context_.Guarded([&] { Move(mouse); });
   });
   connect(picture, &IndexedPictureBox::MouseReleased, this,
-          [this](Qt::MouseButton, QPoint) { window_.Guarded([&] { Release(); }); });
+          [this](Qt::MouseButton, QPoint) { context_.Guarded([&] { Release(); }); });
   connect(picture, &IndexedPictureBox::MouseDoubleClicked, this,
-          [this](Qt::MouseButton, QPoint) { window_.Guarded([&] { DoubleClick(); }); });
-  connect(&window.view_options(), &ViewOptions::DirLineVisibilityChanged, this, [this](bool visible) {
+          [this](Qt::MouseButton, QPoint) { context_.Guarded([&] { DoubleClick(); }); });
+  connect(&options, &ViewOptions::DirLineVisibilityChanged, this, [this](bool visible) {
     if (!visible) HideLine();
   });
 }
@@ -143,7 +151,7 @@ const MarkerSet& EventViewController::Markers(int cell) {
   // The view goes on without what could not be read; saying so once is enough.
   if (failed && !marker_failure_shown_) {
     marker_failure_shown_ = true;
-    window_.prompter().Message(QStringLiteral("Das Alphablending ist fehlgeschlagen"));
+    context_.prompter().Message(QStringLiteral("Das Alphablending ist fehlgeschlagen"));
   }
   return found->second;
 }
@@ -151,7 +159,7 @@ const MarkerSet& EventViewController::Markers(int cell) {
 void EventViewController::DrawEvents() {
   IndexedPictureBox& picture = *View().picture();
   QList<IndexedPictureBox::Overlay> overlays;
-  if (window_.current_tab() == MainWindow::kEventTab && window_.document().MapLoaded()) {
+  if (context_.state().current_tab == PageContext::kEventTab && document_.MapLoaded()) {
     const EventViewport view = Viewport();
     const MarkerSet& markers = Markers(view.cell);
     std::array<std::uint32_t, 256> colours{};
@@ -167,7 +175,7 @@ void EventViewController::DrawEvents() {
                              .height = picture.height(),
                              .colours = &colours,
                              .background = IndexedPictureBox::kBackground};
-    const std::vector<BlendedCell> cells = BlendEventMarkers(markers, shown, window_.document().Events(), view);
+    const std::vector<BlendedCell> cells = BlendEventMarkers(markers, shown, document_.Events(), view);
     overlays.reserve(static_cast<qsizetype>(cells.size()));
     for (const BlendedCell& cell : cells) overlays.push_back({QPoint(cell.x, cell.y), ToImage(cell)});
   }
@@ -180,7 +188,7 @@ void EventViewController::DrawSelectedEventMarker() {
   shape5_->SetSize(view.cell);
   int kind = 0, index = 0;
   std::optional<PixelPoint> at;
-  if (SelectedOnMap(&kind, &index)) at = SelectionMarkerPosition(window_.document().Events(), kind, index, view);
+  if (SelectedOnMap(&kind, &index)) at = SelectionMarkerPosition(document_.Events(), kind, index, view);
   if (at) {
     shape5_->MoveTo(at->x, at->y);
   } else {
@@ -188,7 +196,7 @@ void EventViewController::DrawSelectedEventMarker() {
   }
 }
 
-MapView& EventViewController::View() const { return *window_.event_page()->event_view(); }
+MapView& EventViewController::View() const { return *page_.event_view(); }
 
 EventViewport EventViewController::Viewport() const {
   const MapView& view = View();
@@ -196,25 +204,25 @@ EventViewport EventViewController::Viewport() const {
           .v_scroll = view.v_scroll()->value(),
           .width = view.picture()->width(),
           .height = view.picture()->height(),
-          .cell = window_.graphics()->event_cell_size()};
+          .cell = graphics_.event_cell_size()};
 }
 
 bool EventViewController::SelectedOnMap(int* kind, int* index) const {
-  const EventPage& page = *window_.event_page();
+  const EventPage& page = page_;
   *kind = page.selected_kind();
   *index = page.selected_index();
   return *kind >= kEventWarp && *kind <= kEventPeople && *index >= 0 &&
-         *index < window_.document().Events().Count(*kind);
+         *index < document_.Events().Count(*kind);
 }
 
 // ---- Mouse ----------------------------------------------------------------------------------
 
 void EventViewController::Press(QPoint mouse) {
-  if (window_.view_lock() == 1) return;
-  EventPage& page = *window_.event_page();
+  if (context_.state().view_lock == 1) return;
+  EventPage& page = page_;
   const EventTile tile = TileUnderMouse(Viewport(), mouse.x(), mouse.y());
   drag_origin_ = tile;
-  const EventHits hits = HitTest(window_.document().Events(), tile);
+  const EventHits hits = HitTest(document_.Events(), tile);
   if (hits.Any()) {
     SelectHits(hits);
     if (page.selected_kind() == kEventPeople) {
@@ -235,10 +243,10 @@ void EventViewController::Press(QPoint mouse) {
 
 // Each list with a hit ends on its last one; the first hit is the one selected.
 void EventViewController::SelectHits(const EventHits& hits) {
-  EventPage& page = *window_.event_page();
+  EventPage& page = page_;
   {
-    const ScopeExit loaded([this] { window_.set_rom_loading(0); });
-    window_.set_rom_loading(1);
+    const ScopeExit loaded([this] { context_.state().rom_loading = 0; });
+    context_.state().rom_loading = 1;
     for (int kind = kEventWarp; kind <= kEventPeople; ++kind) {
       const int last = hits.last_in_kind[static_cast<std::size_t>(kind)];
       if (QComboBox* list = page.event_list(kind); list && last >= 0) list->setCurrentIndex(last);
@@ -251,7 +259,7 @@ void EventViewController::SelectHits(const EventHits& hits) {
 }
 
 void EventViewController::Move(QPoint mouse) {
-  if (window_.view_lock() == 1 || !mouse_pressed_) return;
+  if (context_.state().view_lock == 1 || !mouse_pressed_) return;
   if (drag_origin_ == EventTile{kNoEventIndex, kNoEventIndex}) {
     Pan(mouse);
     return;
@@ -266,13 +274,13 @@ void EventViewController::Move(QPoint mouse) {
 void EventViewController::Pan(QPoint mouse) {
   QScrollBar& h_bar = *View().h_scroll();
   QScrollBar& v_bar = *View().v_scroll();
-  const double speed = window_.scroll_speed();
+  const double speed = options_.scroll_speed();
   const double dx = mouse.x() - press_position_.x();
   const double dy = mouse.y() - press_position_.y();
   double h = press_h_scroll_ + dx * speed;
   double v = press_v_scroll_ + dy * speed;
-  if (window_.view_options().dynamic_scrolling()) {
-    const double factor = speed * kCheckedItemValue * window_.graphics()->draw_time_average() * 0.1;
+  if (options_.dynamic_scrolling()) {
+    const double factor = speed * kCheckedItemValue * graphics_.draw_time_average() * 0.1;
     h = h_bar.value() + dx * factor;
     v = v_bar.value() + dy * factor;
   }
@@ -280,24 +288,24 @@ void EventViewController::Pan(QPoint mouse) {
   const int new_v = ScrollValue(v, v_bar.maximum());
   const bool changed = new_h != h_bar.value() || new_v != v_bar.value();
   {
-    const ScopeExit unlock([this] { window_.set_view_lock(0); });
-    window_.set_view_lock(1);
+    const ScopeExit unlock([this] { context_.state().view_lock = 0; });
+    context_.state().view_lock = 1;
     h_bar.setValue(new_h);
     v_bar.setValue(new_v);
   }
-  if (window_.view_options().show_dir_line()) line1_->SetLine(press_position_, mouse);
-  if (changed) window_.graphics()->RenderMapView();
+  if (options_.show_dir_line()) line1_->SetLine(press_position_, mouse);
+  if (changed) graphics_.RenderMapView();
 }
 
 void EventViewController::Release() {
-  if (window_.view_lock() == 1) return;
+  if (context_.state().view_lock == 1) return;
   mouse_pressed_ = false;
   HideLine();
   int kind = 0, index = 0;
-  if (SelectedOnMap(&kind, &index)) drag_origin_ = StoredPosition(window_.document().Events(), kind, index);
+  if (SelectedOnMap(&kind, &index)) drag_origin_ = StoredPosition(document_.Events(), kind, index);
   drag_key_.clear();
-  window_.document().CloseGesture();
-  window_.DocumentEdited();
+  document_.CloseGesture();
+  context_.DocumentEdited();
 }
 
 void EventViewController::HideLine() { line1_->SetLine(kLineOff, kLineOff); }
@@ -307,33 +315,32 @@ void EventViewController::HideLine() { line1_->SetLine(kLineOff, kLineOff); }
 void EventViewController::MoveSelectedEvent(int x, int y) {
   int kind = 0, index = 0;
   if (!SelectedOnMap(&kind, &index)) return;
-  RomDocument& document = window_.document();
-  const std::span<const std::uint8_t> record = document.Events().Record(kind, index);
+  const std::span<const std::uint8_t> record = document_.Events().Record(kind, index);
   // A move typed into the position fields compares with where the event stands now, not with
   // the end of the last drag (another event may have been chosen since).
-  if (drag_key_.empty()) drag_origin_ = StoredPosition(document.Events(), kind, index);
+  if (drag_key_.empty()) drag_origin_ = StoredPosition(document_.Events(), kind, index);
   std::vector<std::uint8_t> bytes(record.begin(), record.end());
   const EventMove move =
-      MoveEvent(kind, bytes, x, y, drag_origin_, document.Secondary().Width(), document.Secondary().Height());
+      MoveEvent(kind, bytes, x, y, drag_origin_, document_.Secondary().Width(), document_.Secondary().Height());
   if (!move.Changed()) return;
-  document.EditEventRecord(kind, index, std::move(bytes), "Event verschieben",
+  document_.EditEventRecord(kind, index, std::move(bytes), "Event verschieben",
                            drag_key_.empty() ? "Position" : drag_key_);
   // The markers are laid over the buffer, so moving one needs no block drawn again.
   DrawEvents();
   drag_origin_ = move.stored;
-  EventPage& page = *window_.event_page();
+  EventPage& page = page_;
   if (page.fields_updating() == 0) {
     const ScopeExit done([&page] { page.set_fields_updating(0); });
     page.set_fields_updating(2);
     page.ShowPositionFields();
   }
-  window_.DocumentEdited();
+  context_.DocumentEdited();
 }
 
 // ---- Following a warp -----------------------------------------------------------------------
 
 void EventViewController::DoubleClick() {
-  if (window_.view_lock() == 1) return;
+  if (context_.state().view_lock == 1) return;
   int kind = 0, index = 0;
   if (!SelectedOnMap(&kind, &index) || kind != kEventWarp) return;
   FollowWarp(index);
@@ -341,34 +348,21 @@ void EventViewController::DoubleClick() {
 
 // Warp bytes 2, 3 and 4: the target warp, map bank and map, all counted from 1.
 void EventViewController::FollowWarp(int index) {
-  const std::span<const std::uint8_t> record = window_.document().Events().Record(kEventWarp, index);
+  const std::span<const std::uint8_t> record = document_.Events().Record(kEventWarp, index);
   const int target = record[2] - 1;
   const int bank = record[3];
   const int map = record[4];
-  MapSelector& selector = *window_.map_selector();
-  if (bank == 0 || bank > selector.bank_list()->count()) {
-    window_.prompter().Message(QStringLiteral("Fehler: Ziel-Bank (%1) existiert nicht.").arg(bank));
-    return;
-  }
-  if (!window_.ConfirmDiscardChanges()) return;
-  selector.SelectBank(bank - 1);
-  window_.FillMapList();
-  if (map == 0 || map > selector.map_count()) {
-    window_.prompter().Message(QStringLiteral("Fehler: Ziel-Map (%1.%2) existiert nicht.").arg(bank).arg(map));
-    return;
-  }
-  selector.SelectMap(map - 1);
-  window_.ClickMapList();
+  if (!context_.FollowWarpTo(bank, map)) return;
 
-  EventPage& page = *window_.event_page();
+  EventPage& page = page_;
   QComboBox* warps = page.event_list(kEventWarp);
   if (!warps) return;
   const int count = warps->count();
   // A target the map does not have selects nothing (target warp 0 included), and the view stays.
   const int chosen = count < target - 1 ? 0 : (target >= 0 && target < count ? target : -1);
   {
-    const ScopeExit loaded([this] { window_.set_rom_loading(0); });
-    window_.set_rom_loading(1);
+    const ScopeExit loaded([this] { context_.state().rom_loading = 0; });
+    context_.state().rom_loading = 1;
     warps->setCurrentIndex(chosen);
   }
   page.SelectEventFromList(kEventWarp);
@@ -379,15 +373,15 @@ void EventViewController::CentreOnSelectedWarp() {
   int kind = 0, index = 0;
   if (!SelectedOnMap(&kind, &index) || kind != kEventWarp) return;
   MapView& view = View();
-  const ScrollPair centre = CentreOn(StoredPosition(window_.document().Events(), kind, index), Viewport(),
+  const ScrollPair centre = CentreOn(StoredPosition(document_.Events(), kind, index), Viewport(),
                                      view.h_scroll()->maximum(), view.v_scroll()->maximum());
   {
-    const ScopeExit unlock([this] { window_.set_view_lock(0); });
-    window_.set_view_lock(2);
+    const ScopeExit unlock([this] { context_.state().view_lock = 0; });
+    context_.state().view_lock = 2;
     view.h_scroll()->setValue(centre.h);
     view.v_scroll()->setValue(centre.v);
   }
-  window_.graphics()->RenderMapView();
+  graphics_.RenderMapView();
 }
 
 }  // namespace kartova

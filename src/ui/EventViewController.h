@@ -13,9 +13,13 @@
 
 namespace kartova {
 
+class EventPage;
 class FrameMarker;
-class MainWindow;
+class GraphicsController;
 class MapView;
+class PageContext;
+class RomDocument;
+class ViewOptions;
 
 // Line1: the direction line of a pan, from the press point to the mouse, laid over the picture
 // like a line control; it lets the mouse through. Put out of sight at (-10, -10) when unused.
@@ -43,7 +47,8 @@ class EventViewController : public QObject {
   Q_OBJECT
 
  public:
-  explicit EventViewController(MainWindow& window);
+  EventViewController(RomDocument& document, PageContext& context, EventPage& page, GraphicsController& graphics,
+                      const ViewOptions& options, QObject* parent = nullptr);
 
   // After the event view's blocks are drawn: the markers of every person, signpost, trigger and
   // warp in sight, blended at half strength, then the selection frame.
@@ -84,7 +89,11 @@ class EventViewController : public QObject {
   // and its kind is drawn without a marker.
   const MarkerSet& Markers(int cell);
 
-  MainWindow& window_;
+  RomDocument& document_;
+  PageContext& context_;
+  EventPage& page_;
+  GraphicsController& graphics_;
+  const ViewOptions& options_;
   FrameMarker* shape5_;
   DirectionLine* line1_;
   QString marker_source_;

@@ -12,6 +12,7 @@
 #include "ui/HeaderPage.h"
 #include "ui/MainWindow.h"
 #include "ui/Prompter.h"
+#include "ui/ScopeExit.h"
 
 namespace kartova {
 
@@ -35,7 +36,7 @@ void MainWindow::ConnectSaveItems() {
   // The menu system clicks the parent item when its submenu opens: that is a full save, and
   // choosing an entry then saves once more with its own scope.
   connect(menu_->Submenu(QStringLiteral("mnuSave")), &QMenu::aboutToShow, this,
-          [this] { Guarded([this] { SaveRom(reload_scope_); }); });
+          [this] { Guarded([this] { SaveRom(state_.reload_scope); }); });
   menu_->OnClick("mnuSaveFull", this, [this] { Guarded([this] { ClickSaveScope(kReloadFull); }); });
   menu_->OnClick("mnuSaveMap", this, [this] { Guarded([this] { ClickSaveScope(kReloadMapOnly); }); });
   menu_->OnClick("mnuSaveEvents", this,
@@ -81,9 +82,9 @@ bool MainWindow::SaveRom(std::int16_t scope) {
 }
 
 void MainWindow::ClickSaveScope(std::int16_t scope) {
-  const ScopeExit full([this] { reload_scope_ = kReloadFull; });
-  reload_scope_ = scope;
-  SaveRom(reload_scope_);
+  const ScopeExit full([this] { state_.reload_scope = kReloadFull; });
+  state_.reload_scope = scope;
+  SaveRom(state_.reload_scope);
 }
 
 void MainWindow::ClickSaveAs() {
@@ -154,7 +155,7 @@ void MainWindow::ApplyDocumentChange(const DocumentChange& change) {
     header_page_->ShowHeaderFields(-1);
     header_page_->ShowHeaderCombos(-1);
     // The headers differ from what the map and events were loaded with, as after typing.
-    changes_pending_ = true;
+    state_.changes_pending = true;
   }
   if (change.whole_map || change.cells.size() > kMostPatchedCells) {
     graphics_->RedrawWholeView();
@@ -164,10 +165,11 @@ void MainWindow::ApplyDocumentChange(const DocumentChange& change) {
   if (change.events) {
     event_page_->RefreshFields();
     event_view_controller_->DrawSelectedEventMarker();
-    if (current_tab_ == kEventTab) graphics_->RedrawWholeView();
+    if (state_.current_tab == kEventTab) graphics_->RedrawWholeView();
   }
   // The link data view lists the blocks too; it is built from the grid whenever it is shown.
-  if ((change.whole_map || !change.cells.empty()) && current_tab_ == kHeaderTab) emit LinkDataViewRequested();
+  if ((change.whole_map || !change.cells.empty()) && state_.current_tab == kHeaderTab)
+    emit events_->LinkDataViewRequested();
   DocumentEdited();
 }
 

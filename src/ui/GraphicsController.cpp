@@ -4,78 +4,63 @@
 #include <QScrollBar>
 #include <QTime>
 #include <limits>
+#include <utility>
 
 #include "ui/BlockChooserView.h"
-#include "ui/EventPage.h"
-#include "ui/EventViewController.h"
 #include "ui/FrameMarker.h"
 #include "ui/IndexedPictureBox.h"
-#include "ui/MainWindow.h"
-#include "ui/MapEditor.h"
 #include "ui/MapPage.h"
-#include "ui/MapSelector.h"
 #include "ui/MapView.h"
+#include "ui/PageContext.h"
+#include "ui/ScopeExit.h"
 
 namespace kartova {
 
 namespace {
-
-// The Palette / Lighting items by time of day; 8 is "Auto".
-constexpr const char* kDayItems[] = {"mnuDay0", "mnuDay1", "mnuDay2", "mnuDay3", "mnuDay4",
-                                     "mnuDay5", "mnuDay6", "mnuDay7", "mnuDayAuto"};
-
-const char* DayItem(int time_of_day) {
-  return time_of_day >= 0 && time_of_day <= 8 ? kDayItems[time_of_day] : nullptr;
-}
 
 // The draw timer counts seconds since midnight, as the timing of the event view always has.
 double SecondsSinceMidnight() { return QTime::currentTime().msecsSinceStartOfDay() / 1000.0; }
 
 }  // namespace
 
-GraphicsController::GraphicsController(MainWindow& window)
-    : QObject(&window),
-      window_(window),
-      document_(window.document()),
-      map_view_(window.map_page()->map_view()),
-      event_view_(window.event_page()->event_view()),
-      chooser_(window.map_page()->chooser()) {
+GraphicsController::GraphicsController(RomDocument& document, PageContext& context, ViewOptions& options,
+                                       MapPage& map_page, MapView& event_view, QObject* parent)
+    : QObject(parent),
+      document_(document),
+      context_(context),
+      options_(options),
+      map_page_(map_page),
+      map_view_(map_page.map_view()),
+      event_view_(&event_view),
+      chooser_(map_page.chooser()) {
   setObjectName(QStringLiteral("GraphicsController"));
   chooser_->SetBlocks(&document_.Blocks());
-  chooser_->SetViewLock([this] { return window_.view_lock(); });
+  chooser_->SetViewLock([this] { return context_.state().view_lock; });
   ConnectViews();
-  ConnectLightingMenu();
 }
 
 void GraphicsController::ConnectViews() {
-  connect(&window_, &MainWindow::MapLoadStepDone, this,
+  connect(&context_.events(), &PageEvents::MapLoadStepDone, this,
           [this](MapLoadStep step) { AfterMapLoadStep(step); });
-  connect(&window_, &MainWindow::MapViewRedrawRequested, this, [this] { RedrawWholeView(); });
-  connect(&window_.view_options(), &ViewOptions::ZoomChanged, this,
-          [this](ViewOptions::View view, int) { window_.Guarded([&] { ZoomChanged(view); }); });
+  connect(&context_.events(), &PageEvents::MapViewRedrawRequested, this, [this] { RedrawWholeView(); });
+  connect(&options_, &ViewOptions::ZoomChanged, this,
+          [this](ViewOptions::View view, int) { context_.Guarded([&] { ZoomChanged(view); }); });
   for (MapView* view : {map_view_, event_view_}) {
-    connect(view, &MapView::Scrolled, this, [this] { window_.Guarded([this] { RenderMapView(); }); });
+    connect(view, &MapView::Scrolled, this, [this] { context_.Guarded([this] { RenderMapView(); }); });
     connect(view->picture(), &IndexedPictureBox::Resized, this,
-            [this, view] { window_.Guarded([&] { MapPictureResized(*view); }); });
+            [this, view] { context_.Guarded([&] { MapPictureResized(*view); }); });
   }
   connect(chooser_->picture(), &IndexedPictureBox::Resized, this,
-          [this] { window_.Guarded([this] { ChooserPictureResized(); }); });
+          [this] { context_.Guarded([this] { ChooserPictureResized(); }); });
   connect(chooser_, &BlockChooserView::HoverText, this,
-          [this](const QString& text) { window_.panel(4)->setText(text); });
+          [this](const QString& text) { context_.ShowStatus(4, text); });
   connect(chooser_, &BlockChooserView::SelectionText, this,
-          [this](const QString& text) { window_.panel(5)->setText(text); });
-}
-
-void GraphicsController::ConnectLightingMenu() {
-  for (int value = 0; value <= 8; ++value) {
-    window_.menu().OnClick(QString::fromLatin1(DayItem(value)), this,
-                           [this, value] { window_.Guarded([&] { SetTimeOfDay(value); }); });
-  }
+          [this](const QString& text) { context_.ShowStatus(5, text); });
 }
 
 void GraphicsController::PrepareViews() {
   ApplyZoom();
-  chooser_->SetZoom(window_.tileset_zoom());
+  chooser_->SetZoom(options_.zoom(ViewOptions::View::kTileset));
   map_view_->SetScrollSteps(map_block_size_);
   event_view_->SetScrollSteps(event_block_size_);
 }
@@ -89,61 +74,61 @@ void GraphicsController::SetUpViews() {
 }
 
 void GraphicsController::ApplyZoom() {
-  map_block_size_ = 32 * window_.map_zoom();
-  event_block_size_ = 32 * window_.event_zoom();
-  tileset_block_size_ = 32 * window_.tileset_zoom();
+  map_block_size_ = 32 * options_.zoom(ViewOptions::View::kMap);
+  event_block_size_ = 32 * options_.zoom(ViewOptions::View::kEvent);
+  tileset_block_size_ = 32 * options_.zoom(ViewOptions::View::kTileset);
   block_square_.Resize(map_block_size_, map_block_size_);
   cell_square_.Resize(event_cell_size(), event_cell_size());
-  window_.map_page()->block_cursor()->SetSize(map_block_size_);
+  map_page_.block_cursor()->SetSize(map_block_size_);
 }
 
 void GraphicsController::SetupHorizontalScroll() {
-  const int saved = window_.view_lock();
-  const ScopeExit restore([&] { window_.set_view_lock(saved); });
-  window_.set_view_lock(2);
+  const int saved = context_.state().view_lock;
+  const ScopeExit restore([&] { context_.state().view_lock = saved; });
+  context_.state().view_lock = 2;
   const int columns = document_.Grid().Width();
   map_view_->SetHorizontalRange(columns * map_block_size_);
   event_view_->SetHorizontalRange(columns * event_block_size_);
 }
 
 void GraphicsController::SetupVerticalScroll() {
-  const int saved = window_.view_lock();
-  const ScopeExit restore([&] { window_.set_view_lock(saved); });
-  window_.set_view_lock(2);
+  const int saved = context_.state().view_lock;
+  const ScopeExit restore([&] { context_.state().view_lock = saved; });
+  context_.state().view_lock = 2;
   const int rows = document_.Grid().Height();
   map_view_->SetVerticalRange(rows * map_block_size_);
   event_view_->SetVerticalRange(rows * event_block_size_);
 }
 
 MapView* GraphicsController::ActiveView(int* block_size, int* zoom) const {
-  if (window_.current_tab() == MainWindow::kMapTab) {
+  if (context_.state().current_tab == PageContext::kMapTab) {
     *block_size = map_block_size_;
-    *zoom = window_.map_zoom();
+    *zoom = options_.zoom(ViewOptions::View::kMap);
     return map_view_;
   }
-  if (window_.current_tab() == MainWindow::kEventTab) {
+  if (context_.state().current_tab == PageContext::kEventTab) {
     *block_size = event_block_size_;
-    *zoom = window_.event_zoom();
+    *zoom = options_.zoom(ViewOptions::View::kEvent);
     return event_view_;
   }
   return nullptr;
 }
 
 void GraphicsController::RenderMapView() {
-  if (window_.view_lock() != 0) return;
+  if (context_.state().view_lock != 0) return;
   int block_size = 0, zoom = 1;
   MapView* view = ActiveView(&block_size, &zoom);
   if (!view) return;
   if (view == event_view_) {
     const double started = SecondsSinceMidnight();
     RenderView(*view, zoom);
-    if (EventViewController* events = window_.event_view_controller()) events->DrawEvents();
+    if (event_view_drawn_) event_view_drawn_();
     view->picture()->repaint();
     RecordDrawTime(started);
   } else {
     RenderView(*view, zoom);
     // The status bar follows the scroll: the cell under the mouse may be another one now.
-    if (MapEditor* editor = window_.map_editor()) editor->RefreshHover();
+    if (map_view_drawn_) map_view_drawn_();
   }
 }
 
@@ -183,7 +168,7 @@ void GraphicsController::RedrawWholeView() {
 }
 
 void GraphicsController::PatchCell(int cx, int cy) {
-  if (window_.view_lock() != 0) return;
+  if (context_.state().view_lock != 0) return;
   int block_size = 0, zoom = 1;
   MapView* view = ActiveView(&block_size, &zoom);
   // The buffer of another zoom is rebuilt at the next draw anyway.
@@ -193,8 +178,7 @@ void GraphicsController::PatchCell(int cx, int cy) {
                      block_size, block_size);
   view->picture()->UpdateRegion(view_buffer_.Image(), square);
   // A marker over the cell was mixed with the block that was there before.
-  if (view == event_view_)
-    if (EventViewController* events = window_.event_view_controller()) events->DrawEvents();
+  if (view == event_view_ && event_view_drawn_) event_view_drawn_();
 }
 
 void GraphicsController::DrawBlockChooser() {
@@ -222,7 +206,7 @@ void GraphicsController::AfterMapBuilt() {
 void GraphicsController::ZoomChanged(ViewOptions::View view) {
   ApplyZoom();
   if (view == ViewOptions::View::kTileset) {
-    chooser_->SetZoom(window_.tileset_zoom());
+    chooser_->SetZoom(options_.zoom(ViewOptions::View::kTileset));
     DrawBlockChooser();
     return;
   }
@@ -249,13 +233,8 @@ void GraphicsController::ChooserPictureResized() {
   DrawBlockChooser();
 }
 
-void GraphicsController::SetTimeOfDay(int value) {
-  const int current = document_.TimeOfDay();
-  if (value == current) return;
-  if (const char* item = DayItem(current)) window_.menu().SetChecked(item, false);
-  window_.set_time_of_day(value);
-  if (const char* item = DayItem(value)) window_.menu().SetChecked(item, true);
-  document_.SetTimeOfDay(value, window_.map_selector()->bank_index());
+void GraphicsController::ShowTimeOfDay(int value, int bank_index) {
+  document_.SetTimeOfDay(value, bank_index);
   RenderMapView();
   DrawBlockChooser();
 }

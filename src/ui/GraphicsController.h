@@ -2,6 +2,7 @@
 
 #include <QObject>
 #include <cstdint>
+#include <functional>
 
 #include "gfx/IndexedImage.h"
 #include "gfx/ViewBuffer.h"
@@ -11,18 +12,25 @@
 namespace kartova {
 
 class BlockChooserView;
-class MainWindow;
+class MapPage;
 class MapView;
+class PageContext;
 
 // Everything the editor draws from the document: the map view (Picture1) and the event view
 // (Picture3), which share one view buffer and its reuse limits, the block chooser (Picture2),
-// the zoom menus' effect on them and the Palette / Lighting menu. It obeys the window's view
-// lock and draws only the view of the active tab.
+// the zoom menus' effect on them and the time of day. It obeys the shared view lock and draws
+// only the view of the active tab.
 class GraphicsController : public QObject {
   Q_OBJECT
 
  public:
-  explicit GraphicsController(MainWindow& window);
+  GraphicsController(RomDocument& document, PageContext& context, ViewOptions& options, MapPage& map_page,
+                     MapView& event_view, QObject* parent = nullptr);
+
+  // What is laid over a view once its blocks are drawn: the event markers on the event view,
+  // the status texts of the cell under the mouse on the map view.
+  void OnEventViewDrawn(std::function<void()> draw) { event_view_drawn_ = std::move(draw); }
+  void OnMapViewDrawn(std::function<void()> draw) { map_view_drawn_ = std::move(draw); }
 
   // Start-up: sizes from the zoom factors (before the window is placed), then the chooser and
   // the views with their scroll bars (after the view options are read).
@@ -43,8 +51,9 @@ class GraphicsController : public QObject {
   void SetupVerticalScroll();
   // Block sizes from the three zoom factors.
   void ApplyZoom();
-  // The Palette / Lighting items: 0..7, or 8 for "Auto".
-  void SetTimeOfDay(int value);
+  // The colours of another time of day (0..7, or 8 for "Auto") for the maps of a bank, and the
+  // map view and the block chooser drawn in them.
+  void ShowTimeOfDay(int value, int bank_index);
 
   int map_block_size() const { return map_block_size_; }
   int event_block_size() const { return event_block_size_; }
@@ -59,7 +68,6 @@ class GraphicsController : public QObject {
 
  private:
   void ConnectViews();
-  void ConnectLightingMenu();
   void AfterMapLoadStep(MapLoadStep step);
   void AfterMapBuilt();
   void ZoomChanged(ViewOptions::View view);
@@ -70,8 +78,12 @@ class GraphicsController : public QObject {
   void RenderView(MapView& view, int zoom);
   void RecordDrawTime(double started);
 
-  MainWindow& window_;
   RomDocument& document_;
+  PageContext& context_;
+  ViewOptions& options_;
+  MapPage& map_page_;
+  std::function<void()> event_view_drawn_;
+  std::function<void()> map_view_drawn_;
   MapView* map_view_;
   MapView* event_view_;
   BlockChooserView* chooser_;

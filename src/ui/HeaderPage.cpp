@@ -18,7 +18,8 @@
 #include "ui/ComboFit.h"
 #include "ui/ConnectionFrame.h"
 #include "ui/LinkDataFrame.h"
-#include "ui/MainWindow.h"
+#include "ui/PageContext.h"
+#include "ui/ScopeExit.h"
 #include "ui/WindowPlacement.h"
 
 namespace kartova {
@@ -47,7 +48,8 @@ QLineEdit* MakeHeaderBox(int index, int digits, QWidget* parent) {
   return box;
 }
 
-HeaderPage::HeaderPage(MainWindow& window, QWidget* parent) : QFrame(parent), window_(window) {
+HeaderPage::HeaderPage(RomDocument& document, PageContext& context, QWidget* parent)
+    : QFrame(parent), document_(document), context_(context) {
   setObjectName(QStringLiteral("Frame(3)"));
   connection_frame_ = new ConnectionFrame(this);
   link_data_frame_ = new LinkDataFrame(this);
@@ -63,8 +65,8 @@ HeaderPage::HeaderPage(MainWindow& window, QWidget* parent) : QFrame(parent), wi
   grid->setColumnStretch(1, 1);
   grid->setRowStretch(1, 1);
   ConnectEditors();
-  connection_frame_->Attach(window, *this, *link_data_frame_);
-  link_data_frame_->Attach(window);
+  connection_frame_->Attach(document, context, *this, *link_data_frame_);
+  link_data_frame_->Attach(document, context);
 }
 
 QComboBox* HeaderPage::MakeCombo(int index) {
@@ -176,14 +178,14 @@ void HeaderPage::ConnectEditors() {
     QLineEdit* box = header(i);
     connect(box, &QLineEdit::textChanged, this, [this, i](const QString& text) { ChangeHeaderBox(i, text); });
     // Leaving a box ends its step: what is typed next, here or elsewhere, is a step of its own.
-    connect(box, &QLineEdit::editingFinished, this, [this] { window_.document().CloseGesture(); });
+    connect(box, &QLineEdit::editingFinished, this, [this] { document_.CloseGesture(); });
   }
   for (int i = 0; i < kCombos; ++i) {
     QComboBox* combo = combos_[static_cast<size_t>(i)];
     connect(combo, &QComboBox::editTextChanged, this,
             [this, i](const QString& text) { ChangeHeaderCombo(i, text); });
     if (QLineEdit* line = combo->lineEdit())
-      connect(line, &QLineEdit::editingFinished, this, [this] { window_.document().CloseGesture(); });
+      connect(line, &QLineEdit::editingFinished, this, [this] { document_.CloseGesture(); });
     // A click in the list only forwards to the change event.
     connect(combo, &QComboBox::activated, this,
             [this, i, combo] { ChangeHeaderCombo(i, combo->currentText()); });
@@ -229,7 +231,7 @@ void HeaderPage::ApplyDefinition(const RomDefinition& definition) {
   extra_selector_label_->setVisible(definition.extra_bytes_visible);
   extra_byte_selector_->setVisible(definition.extra_bytes_visible);
   boxes_[kExtraByteBox]->setFixedWidth(TwipsToPixels(
-      window_, definition.extra_bytes_visible ? kWideExtraByteBoxTwips : kShortBoxTwips));
+      *this, definition.extra_bytes_visible ? kWideExtraByteBoxTwips : kShortBoxTwips));
 }
 
 void HeaderPage::FillLocationList(const QStringList& items) {
@@ -237,31 +239,30 @@ void HeaderPage::FillLocationList(const QStringList& items) {
 }
 
 void HeaderPage::ShowHeaderFields(int which) {
-  const std::uint8_t saved = window_.updating_controls();
-  const ScopeExit restore([this, saved] { window_.set_updating_controls(saved); });
-  window_.set_updating_controls(kUpdatingShowingHeaders);
-  const RomDocument& document = window_.document();
+  const std::uint8_t saved = context_.state().updating_controls;
+  const ScopeExit restore([this, saved] { context_.state().updating_controls = saved; });
+  context_.state().updating_controls = kUpdatingShowingHeaders;
   for (int i = 0; i < kPageBoxes; ++i) {
     if (which != -1 && which != i) continue;
     if (i == kExtraByteBox)
       extra_byte_label_->setText(QString::fromStdString(
-          ExtraByteCaption(extra_byte_, document.Definition().extra_header_byte_names)));
+          ExtraByteCaption(extra_byte_, document_.Definition().extra_header_byte_names)));
     QLineEdit* box = boxes_[static_cast<size_t>(i)];
     const QString text = QString::fromStdString(
-        HeaderFieldText(i, document.Primary(), document.Secondary(), extra_byte_));
+        HeaderFieldText(i, document_.Primary(), document_.Secondary(), extra_byte_));
     const bool same = box->text() == text;
     box->setText(text);
     // The change event brings the checks up to date; an unchanged text raises none.
     if (i == kConnectionFlagsBox && same)
-      ShowConnectionChecks(document.Secondary().ConnectionFlags());
+      ShowConnectionChecks(document_.Secondary().ConnectionFlags());
   }
 }
 
 void HeaderPage::ShowHeaderCombos(int which) {
-  const std::uint8_t saved = window_.updating_controls();
-  const ScopeExit restore([this, saved] { window_.set_updating_controls(saved); });
-  window_.set_updating_controls(kUpdatingShowingHeaders);
-  const PrimaryHeaderBuffer& primary = window_.document().Primary();
+  const std::uint8_t saved = context_.state().updating_controls;
+  const ScopeExit restore([this, saved] { context_.state().updating_controls = saved; });
+  context_.state().updating_controls = kUpdatingShowingHeaders;
+  const PrimaryHeaderBuffer& primary = document_.Primary();
   for (int i = 0; i < kCombos; ++i) {
     if (which != -1 && which != i) continue;
     QComboBox* combo = combos_[static_cast<size_t>(i)];
@@ -280,9 +281,9 @@ void HeaderPage::MatchConnectionSelectors() {
 
 void HeaderPage::ShowConnectionChecks(std::uint8_t flags) {
   {
-    const std::uint8_t saved = window_.updating_controls();
-    const ScopeExit restore([this, saved] { window_.set_updating_controls(saved); });
-    window_.set_updating_controls(kUpdatingStoring);
+    const std::uint8_t saved = context_.state().updating_controls;
+    const ScopeExit restore([this, saved] { context_.state().updating_controls = saved; });
+    context_.state().updating_controls = kUpdatingStoring;
     const std::array<bool, 4> checks = ConnectionChecks(flags);
     for (int i = 0; i < 4; ++i) connection_checks_[static_cast<size_t>(i)]->setChecked(checks[static_cast<size_t>(i)]);
   }
@@ -292,46 +293,45 @@ void HeaderPage::ShowConnectionChecks(std::uint8_t flags) {
 // ---- Edits ----------------------------------------------------------------------------------
 
 void HeaderPage::ChangeHeaderBox(int index, const QString& text) {
-  window_.Guarded([&] {
-    RomDocument& document = window_.document();
+  context_.Guarded([&] {
     const std::string typed = text.toStdString();
     // The edit is worked out on copies; the document takes the result as one step, and the
     // keys typed into one box join that step.
-    PrimaryHeaderBuffer primary = document.Primary();
-    SecondaryHeaderBuffer secondary = document.Secondary();
+    PrimaryHeaderBuffer primary = document_.Primary();
+    SecondaryHeaderBuffer secondary = document_.Secondary();
     const HeaderFieldEdit edit =
-        EditHeaderField(index, typed, window_.updating_controls(), extra_byte_, primary, secondary);
+        EditHeaderField(index, typed, context_.state().updating_controls, extra_byte_, primary, secondary);
     if (edit.stored) {
-      document.EditHeaders(primary, secondary, "Header ändern", "Header(" + std::to_string(index) + ")");
-      window_.DocumentEdited();
+      document_.EditHeaders(primary, secondary, "Header ändern", "Header(" + std::to_string(index) + ")");
+      context_.DocumentEdited();
     }
-    if (edit.set_changes_pending) window_.set_changes_pending(true);
+    if (edit.set_changes_pending) context_.state().changes_pending = true;
     if (edit.connection_flags) ShowConnectionChecks(*edit.connection_flags);
     if (edit.for_connection_editor) {
-      const ScopeExit idle([this] { window_.set_updating_controls(kUpdatingIdle); });
-      window_.set_updating_controls(kUpdatingStoring);
+      const ScopeExit idle([this] { context_.state().updating_controls = kUpdatingIdle; });
+      context_.state().updating_controls = kUpdatingStoring;
       emit ConnectionBoxEdited(index, ParseHex(typed));
     }
   });
 }
 
 void HeaderPage::ChangeHeaderCombo(int index, const QString& text) {
-  window_.Guarded([&] {
-    RomDocument& document = window_.document();
-    PrimaryHeaderBuffer primary = document.Primary();
-    const HeaderComboEdit edit = EditHeaderCombo(index, text.toStdString(), window_.updating_controls(), primary);
+  context_.Guarded([&] {
+    PrimaryHeaderBuffer primary = document_.Primary();
+    const HeaderComboEdit edit =
+        EditHeaderCombo(index, text.toStdString(), context_.state().updating_controls, primary);
     if (edit.stored) {
-      document.EditHeaders(primary, document.Secondary(), "Header ändern",
+      document_.EditHeaders(primary, document_.Secondary(), "Header ändern",
                            "HCombo(" + std::to_string(index) + ")");
-      window_.DocumentEdited();
+      context_.DocumentEdited();
     }
-    if (edit.set_changes_pending) window_.set_changes_pending(true);
+    if (edit.set_changes_pending) context_.state().changes_pending = true;
   });
 }
 
 void HeaderPage::ChangeExtraByte(int value) {
   extra_byte_ = value;
-  window_.Guarded([this] { ShowHeaderFields(kExtraByteBox); });
+  context_.Guarded([this] { ShowHeaderFields(kExtraByteBox); });
 }
 
 }  // namespace kartova

@@ -15,7 +15,8 @@ namespace kartova {
 
 class ConnectionFrame;
 class LinkDataFrame;
-class MainWindow;
+class PageContext;
+class RomDocument;
 struct RomDefinition;
 
 // A hex box of the header page: objectName "Header(index)", as wide as the form makes boxes of
@@ -26,7 +27,7 @@ QLineEdit* MakeHeaderBox(int index, int digits, QWidget* parent);
 // boxes Header(0)-Header(10), the combos HCombo(0)-HCombo(4), the extra-byte selector UpDown9
 // and the connection checks Con(0)-Con(3); the "Anbindungen" frame with Header(11)-Header(19);
 // the "Map Link Data" frame. Every box shows and stores through the document's header buffers;
-// the window's UpdatingControls keeps the page's own writes from being taken for edits.
+// the shared UpdatingControls flag keeps the page's own writes from being taken for edits.
 class HeaderPage : public QFrame {
   Q_OBJECT
 
@@ -34,7 +35,7 @@ class HeaderPage : public QFrame {
   static constexpr int kPageBoxes = 11;     // Header(0)..Header(10)
   static constexpr int kCombos = 5;         // HCombo(0)..HCombo(4)
 
-  explicit HeaderPage(MainWindow& window, QWidget* parent = nullptr);
+  HeaderPage(RomDocument& document, PageContext& context, QWidget* parent = nullptr);
 
   // Header(index), 0..19; nullptr for another index.
   QLineEdit* header(int index) const;
@@ -81,7 +82,8 @@ class HeaderPage : public QFrame {
   void ShowConnectionChecks(std::uint8_t flags);
   void FillComboList(QComboBox& combo, const QStringList& items);
 
-  MainWindow& window_;
+  RomDocument& document_;
+  PageContext& context_;
   std::array<QLineEdit*, kPageBoxes> boxes_{};
   std::array<QComboBox*, kCombos> combos_{};
   std::array<QCheckBox*, 4> connection_checks_{};

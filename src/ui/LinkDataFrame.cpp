@@ -13,7 +13,8 @@
 #include <functional>
 #include <span>
 
-#include "ui/MainWindow.h"
+#include "maps/RomDocument.h"
+#include "ui/PageContext.h"
 
 namespace kartova {
 
@@ -97,13 +98,14 @@ LinkDataFrame::LinkDataFrame(QWidget* parent)
   setEnabled(false);
 }
 
-void LinkDataFrame::Attach(MainWindow& window) {
-  window_ = &window;
-  connect(&window, &MainWindow::LinkDataViewRequested, this, [this] { BuildView(); });
+void LinkDataFrame::Attach(const RomDocument& document, PageContext& context) {
+  document_ = &document;
+  context_ = &context;
+  connect(&context.events(), &PageEvents::LinkDataViewRequested, this, [this] { BuildView(); });
   // A map loaded while the header page is shown (a neighbour chosen by a position button, a
   // reload) is shown at once; on the other pages the view waits for the tab.
-  connect(&window, &MainWindow::MapLoadStepDone, this, [this](MapLoadStep step) {
-    if (step == MapLoadStep::kMapBuilt && window_->current_tab() == MainWindow::kHeaderTab)
+  connect(&context.events(), &PageEvents::MapLoadStepDone, this, [this](MapLoadStep step) {
+    if (step == MapLoadStep::kMapBuilt && context_->state().current_tab == PageContext::kHeaderTab)
       BuildView();
   });
 }
@@ -139,12 +141,13 @@ LinkSelection LinkDataFrame::Selection() const {
 // ---- View -----------------------------------------------------------------------------------
 
 LinkMapInfo LinkDataFrame::MapInfo() const {
-  const RomDocument& document = window_->document();
+  const RomDocument& document = *document_;
   return {document.MapWidth(), document.MapHeight(), document.BlockDataPointer()};
 }
 
 void LinkDataFrame::BuildView() {
-  const RomDocument& document = window_->document();
+  if (!document_) return;
+  const RomDocument& document = *document_;
   if (!document.IsOpen() || document.SelectedMap() < 0) return;
   const ExtendedMap& grid = document.Grid();
   const std::span<const std::uint8_t> cells(

@@ -11,7 +11,8 @@ class QPlainTextEdit;
 namespace kartova {
 
 class LinkGridText;
-class MainWindow;
+class PageContext;
+class RomDocument;
 
 // The "Map Link Data" frame of the header page: Text6 shows the bordered block grid of the map
 // as lines of hex block numbers in a fixed-width font; Text7 and Text8 give the selected cell's
@@ -29,7 +30,7 @@ class LinkDataFrame : public QGroupBox {
   explicit LinkDataFrame(QWidget* parent = nullptr);
 
   // Rebuilds the view when the header tab is selected, and when a map is loaded while it is.
-  void Attach(MainWindow& window);
+  void Attach(const RomDocument& document, PageContext& context);
 
   QPlainTextEdit* grid_text() const;
   // Text7 .. Text10.
@@ -54,7 +55,8 @@ class LinkDataFrame : public QGroupBox {
   int ToTextOffset(int cursor_position) const;
   int ToCursorPosition(int offset) const;
 
-  MainWindow* window_ = nullptr;
+  const RomDocument* document_ = nullptr;
+  PageContext* context_ = nullptr;
   LinkGridText* grid_text_ = nullptr;
   std::array<QLineEdit*, 4> fields_{};
   LinkData data_;

@@ -13,17 +13,19 @@
 #include <QVBoxLayout>
 #include <algorithm>
 
-#include "app/AboutWindow.h"
-#include "app/SettingsStore.h"
+#include "settings/SettingsStore.h"
+#include "ui/AboutWindow.h"
 #include "ui/EventPage.h"
 #include "ui/EventViewController.h"
 #include "ui/FileExists.h"
 #include "ui/GraphicsController.h"
 #include "ui/HeaderPage.h"
 #include "ui/MapEditor.h"
+#include "ui/MapNavigator.h"
 #include "ui/MapPage.h"
 #include "ui/MapSelector.h"
 #include "ui/Prompter.h"
+#include "ui/ScopeExit.h"
 #include "ui/WuselixPage.h"
 
 namespace kartova {
@@ -32,6 +34,14 @@ namespace {
 constexpr const char* kSettings = "Settings";
 
 constexpr const char* kTabCaptions[] = {" Map ", " Events ", " Wuselix data ", " Mapheader "};
+
+// The Palette / Lighting items by time of day; 8 is "Auto".
+constexpr const char* kDayItems[] = {"mnuDay0", "mnuDay1", "mnuDay2", "mnuDay3", "mnuDay4",
+                                     "mnuDay5", "mnuDay6", "mnuDay7", "mnuDayAuto"};
+
+const char* DayItem(int time_of_day) {
+  return time_of_day >= 0 && time_of_day <= 8 ? kDayItems[time_of_day] : nullptr;
+}
 
 constexpr const char* kApplyTitle = "Änderungen übernehmen?";
 constexpr const char* kApplyText =
@@ -53,11 +63,10 @@ MainWindow::MainWindow(SettingsStore& settings, Prompter& prompter, QString prog
   menuBar()->setObjectName(QStringLiteral("MenuBar"));
   menu_ = std::make_unique<MainMenu>(menuBar());
   view_options_ = new ViewOptions(settings_, *menu_, this);
+  events_ = new PageEvents(this);
   BuildCentralArea();
   BuildStatusBar();
-  graphics_ = new GraphicsController(*this);
-  map_editor_ = new MapEditor(*this);
-  event_view_controller_ = new EventViewController(*this);
+  BuildPages();
   ConnectMenu();
 }
 
@@ -72,13 +81,13 @@ void MainWindow::BuildCentralArea() {
   layout->setSpacing(0);
 
   // The bank and map selectors sit above the tabs, visible on every page.
-  selector_area_ = new QWidget(central);
-  selector_area_->setObjectName(QStringLiteral("SelectorArea"));
-  auto* selector_layout = new QHBoxLayout(selector_area_);
+  auto* selector_area = new QWidget(central);
+  selector_area->setObjectName(QStringLiteral("SelectorArea"));
+  auto* selector_layout = new QHBoxLayout(selector_area);
   selector_layout->setContentsMargins(0, 0, 0, 4);
-  map_selector_ = new MapSelector(selector_area_);
+  map_selector_ = new MapSelector(selector_area);
   selector_layout->addWidget(map_selector_);
-  layout->addWidget(selector_area_);
+  layout->addWidget(selector_area);
 
   tab_strip_ = new QTabBar(central);
   tab_strip_->setObjectName(QStringLiteral("TabStrip1"));
@@ -93,9 +102,9 @@ void MainWindow::BuildCentralArea() {
   pane_layout->setContentsMargins(2, 2, 2, 2);
   pages_ = new QStackedWidget(pane);
   map_page_ = new MapPage;
-  event_page_ = new EventPage(*this);
+  event_page_ = new EventPage(document_, *this);
   wuselix_page_ = new WuselixPage;
-  header_page_ = new HeaderPage(*this);
+  header_page_ = new HeaderPage(document_, *this);
   // The header page needs more room than the smallest window has: there it scrolls rather
   // than cutting its captions.
   auto* header_scroller = new QScrollArea;
@@ -111,10 +120,6 @@ void MainWindow::BuildCentralArea() {
 
   connect(tab_strip_, &QTabBar::currentChanged, this,
           [this](int index) { Guarded([&] { ClickTabStrip(index); }); });
-  connect(map_selector_, &MapSelector::BankClicked, this,
-          [this] { Guarded([this] { FillMapList(); }); });
-  connect(map_selector_, &MapSelector::MapClicked, this,
-          [this] { Guarded([this] { ClickMapListByUser(); }); });
 }
 
 void MainWindow::BuildStatusBar() {
@@ -147,6 +152,28 @@ QLabel* MainWindow::panel(int number) const {
   return number >= 1 && number <= 5 ? panels_[number - 1] : nullptr;
 }
 
+// A panel whose text stays is not repainted: the mouse moves over the map view far more often
+// than the cell under it changes.
+void MainWindow::ShowStatus(int number, const QString& text) {
+  if (QLabel* label = panel(number); label && label->text() != text) label->setText(text);
+}
+
+// What works on the pages: the map selection and load, the drawing of both views and the
+// chooser, painting on the map view, the event markers and the mouse on the event view.
+void MainWindow::BuildPages() {
+  navigator_ = new MapNavigator(document_, *this, *map_selector_, *header_page_,
+                                [this] { return ConfirmDiscardChanges(); }, *this, this);
+  graphics_ =
+      new GraphicsController(document_, *this, *view_options_, *map_page_, *event_page_->event_view(), this);
+  map_editor_ = new MapEditor(document_, *this, *map_page_, *graphics_, this);
+  event_view_controller_ =
+      new EventViewController(document_, *this, *event_page_, *graphics_, *view_options_, this);
+  event_page_->set_view_controller(event_view_controller_);
+  graphics_->OnEventViewDrawn([this] { event_view_controller_->DrawEvents(); });
+  // The status bar follows the scroll: the cell under the mouse may be another one now.
+  graphics_->OnMapViewDrawn([this] { map_editor_->RefreshHover(); });
+}
+
 void MainWindow::ConnectMenu() {
   menu_->OnClick("mnuExit", this, [this] { close(); });
   menu_->OnClick("mnuAbout", this, [this] { Guarded([this] { ClickAbout(); }); });
@@ -159,6 +186,7 @@ void MainWindow::ConnectMenu() {
   ConnectEditItems();
   ConnectFileItems();
   ConnectViewOptionItems();
+  ConnectLightingItems();
 }
 
 void MainWindow::ConnectFileItems() {
@@ -185,25 +213,32 @@ void MainWindow::ConnectViewOptionItems() {
   on("mnuShowDirLine", [options] { options->ClickShowDirLine(); });
 }
 
+void MainWindow::ConnectLightingItems() {
+  for (int value = 0; value <= 8; ++value)
+    menu_->OnClick(QString::fromLatin1(DayItem(value)), this,
+                   [this, value] { Guarded([&] { ClickTimeOfDay(value); }); });
+}
+
 // ---- Start-up -------------------------------------------------------------------------------
 
 void MainWindow::Start() {
   ChooseSettingsBackEnd();
 
   setWindowTitle(QString::fromLatin1(kProgramTitle));
-  current_tab_ = kMapTab;
+  state_.current_tab = kMapTab;
   wuselix_page_->time_of_day()->setCurrentIndex(0);
-  time_of_day_ = 8;
+  state_.time_of_day = 8;
   menu_->SetChecked("mnuDayAuto", true);
 
   view_options_->ReadZoomOptions();
   game_text_table_.emplace();
   open_dialog_dir_ = program_dir_;
-  PrepareViews();
+  // The views size their pictures from the zoom factors before the window is placed.
+  graphics_->PrepareViews();
   placement_.Restore(settings_);
   view_options_->ReadScrollOptions();
   ReadStandardFileOptions();
-  SetUpViews();
+  graphics_->SetUpViews();
   LoadStandardFileAtStartup();
   OpenCommandLineRom();
 }
@@ -216,15 +251,6 @@ void MainWindow::ChooseSettingsBackEnd() {
   }
   menu_->SetChecked("mnuSavePropertyReg", settings_.kind() == SettingsStore::kRegistry);
   menu_->SetChecked("mnuSavePropertyINI", settings_.kind() == SettingsStore::kIni);
-}
-
-void MainWindow::PrepareViews() {
-  // The views size their pictures from the zoom factors here and load the marker sheet.
-  graphics_->PrepareViews();
-}
-
-void MainWindow::SetUpViews() {
-  graphics_->SetUpViews();
 }
 
 void MainWindow::ReadStandardFileOptions() {
@@ -330,46 +356,51 @@ void MainWindow::ClickStdAutoLoad() {
   settings_.WriteSetting(kSettings, "AutoLoad", FlagText(on));
 }
 
+void MainWindow::ClickTimeOfDay(int value) {
+  const int current = document_.TimeOfDay();
+  if (value == current) return;
+  if (const char* item = DayItem(current)) menu_->SetChecked(item, false);
+  state_.time_of_day = value;
+  if (const char* item = DayItem(value)) menu_->SetChecked(item, true);
+  graphics_->ShowTimeOfDay(value, map_selector_->bank_index());
+}
+
 // ---- Tabs -----------------------------------------------------------------------------------
 
 void MainWindow::ClickTabStrip(int index) {
-  if (apply_mode_ == 1 || index < 0 || index > kHeaderTab) return;
+  if (state_.apply_mode == kApplySelectingTab || index < 0 || index > kHeaderTab) return;
   if (!ResolvePendingChanges()) return;
-  ShowPage(index);
-  const int old_tab = current_tab_;
-  current_tab_ = static_cast<std::uint8_t>(index);
+  // The " Wuselix data " page is none of the working frames; it shows its lists only.
+  pages_->setCurrentIndex(index);
+  const int old_tab = state_.current_tab;
+  state_.current_tab = static_cast<std::uint8_t>(index);
   AfterTabChange(old_tab, index);
 }
 
 // Header edits reach the map and the events only when they are applied on leaving the page.
 // False when the user stays on the header page.
 bool MainWindow::ResolvePendingChanges() {
-  if (!changes_pending_) return true;
+  if (!state_.changes_pending) return true;
   const Prompter::Answer answer =
       prompter_.Message(QString::fromUtf8(kApplyText), QString::fromUtf8(kApplyTitle),
                         Prompter::Buttons::kYesNoCancel);
   if (answer != Prompter::Answer::kYes && answer != Prompter::Answer::kNo) {
-    const ScopeExit normal([this] { apply_mode_ = kApplyNormal; });
-    apply_mode_ = kApplySelectingTab;
+    const ScopeExit normal([this] { state_.apply_mode = kApplyNormal; });
+    state_.apply_mode = kApplySelectingTab;
     tab_strip_->setCurrentIndex(kHeaderTab);
     return false;
   }
-  changes_pending_ = false;
-  const ScopeExit normal([this] { apply_mode_ = kApplyNormal; });
-  apply_mode_ = answer == Prompter::Answer::kYes ? kApplyEditedHeaders : kApplyRestoreHeaders;
-  if (!suppress_map_load()) LoadSelectedMap();
+  state_.changes_pending = false;
+  const ScopeExit normal([this] { state_.apply_mode = kApplyNormal; });
+  state_.apply_mode = answer == Prompter::Answer::kYes ? kApplyEditedHeaders : kApplyRestoreHeaders;
+  if (state_.view_lock == 0) navigator_->LoadSelectedMap();
   return true;
 }
 
-void MainWindow::ShowPage(int tab) {
-  // The " Wuselix data " page is none of the working frames; it shows its lists only.
-  pages_->setCurrentIndex(tab);
-}
-
 void MainWindow::AfterTabChange(int old_tab, int new_tab) {
-  if (new_tab == kHeaderTab) emit LinkDataViewRequested();
-  if ((new_tab == kMapTab || new_tab == kEventTab) && new_tab != old_tab && !suppress_map_load())
-    emit MapViewRedrawRequested();
+  if (new_tab == kHeaderTab) emit events_->LinkDataViewRequested();
+  if ((new_tab == kMapTab || new_tab == kEventTab) && new_tab != old_tab && state_.view_lock == 0)
+    emit events_->MapViewRedrawRequested();
 }
 
 }  // namespace kartova

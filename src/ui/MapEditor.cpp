@@ -1,6 +1,5 @@
 #include "ui/MapEditor.h"
 
-#include <QLabel>
 #include <QScrollBar>
 
 #include "gfx/BlockChooser.h"
@@ -10,9 +9,10 @@
 #include "ui/FrameMarker.h"
 #include "ui/GraphicsController.h"
 #include "ui/IndexedPictureBox.h"
-#include "ui/MainWindow.h"
 #include "ui/MapPage.h"
 #include "ui/MapView.h"
+#include "ui/PageContext.h"
+#include "ui/ScopeExit.h"
 
 namespace kartova {
 
@@ -29,9 +29,11 @@ int EditModeOf(Qt::MouseButton button) {
 
 }  // namespace
 
-MapEditor::MapEditor(MainWindow& window) : QObject(&window), window_(window) {
+MapEditor::MapEditor(RomDocument& document, PageContext& context, MapPage& page, GraphicsController& graphics,
+                     QObject* parent)
+    : QObject(parent), document_(document), context_(context), page_(page), graphics_(graphics) {
   setObjectName(QStringLiteral("MapEditor"));
-  IndexedPictureBox* picture = window.map_page()->map_view()->picture();
+  IndexedPictureBox* picture = page.map_view()->picture();
   strip_marker_ = new FrameMarker(QStringLiteral("StripMarker"), QColor(255, 255, 0), 2, picture);
   strip_marker_->resize(0, 0);
   strip_marker_->MoveTo(kHiddenTop, kHiddenTop);
@@ -40,51 +42,48 @@ MapEditor::MapEditor(MainWindow& window) : QObject(&window), window_(window) {
           [this](Qt::MouseButton button, QPoint position) { Press(button, position); });
   connect(picture, &IndexedPictureBox::MouseMoved, this,
           [this](Qt::MouseButtons, QPoint position) {
-            window_.Guarded([&] {
+            context_.Guarded([&] {
               if (Idle()) Move(position);
             });
           });
   connect(picture, &IndexedPictureBox::MouseReleased, this,
           [this](Qt::MouseButton button, QPoint) { Release(button); });
   connect(picture, &IndexedPictureBox::MouseDoubleClicked, this, [this] { DoubleClick(); });
-  connect(&window, &MainWindow::MapLoadStepDone, this, [this](MapLoadStep step) {
+  connect(&context.events(), &PageEvents::MapLoadStepDone, this, [this](MapLoadStep step) {
     if (step == MapLoadStep::kMapBuilt) ForgetCell();
   });
 }
 
 bool MapEditor::Idle() const {
-  return !busy_ && window_.view_lock() == 0 && window_.document().MapLoaded();
+  return !busy_ && context_.state().view_lock == 0 && document_.MapLoaded();
 }
 
 MapViewport MapEditor::Viewport() const {
-  const MapView& view = *window_.map_page()->map_view();
+  const MapView& view = *page_.map_view();
   MapViewport at;
   at.h_scroll = view.h_scroll()->value();
   at.v_scroll = view.v_scroll()->value();
   at.h_max = view.h_scroll()->maximum();
   at.v_max = view.v_scroll()->maximum();
-  at.block_size = window_.graphics()->map_block_size();
+  at.block_size = graphics_.map_block_size();
   at.width = view.picture()->width();
   at.height = view.picture()->height();
   return at;
 }
 
 MapCell MapEditor::CellAt(QPoint position) const {
-  return CellAtPosition(window_.document().Grid(), Viewport(), position.x(), position.y());
+  return CellAtPosition(document_.Grid(), Viewport(), position.x(), position.y());
 }
 
-void MapEditor::SetPanel(int number, const QString& text) {
-  QLabel* panel = window_.panel(number);
-  if (panel->text() != text) panel->setText(text);
-}
+void MapEditor::SetPanel(int number, const QString& text) { context_.ShowStatus(number, text); }
 
 // ---- Mouse handlers ---------------------------------------------------------------------------
 
 void MapEditor::Press(Qt::MouseButton button, QPoint position) {
-  window_.Guarded([&] {
+  context_.Guarded([&] {
     if (!Idle()) return;
     edit_mode_ = EditModeOf(button);
-    if (edit_mode_ == kPlace) window_.document().BeginStroke();
+    if (edit_mode_ == kPlace) document_.BeginStroke();
     last_mouse_ = position;
     mouse_seen_ = true;
     const MapCell cell = CellAt(position);
@@ -96,11 +95,10 @@ void MapEditor::Press(Qt::MouseButton button, QPoint position) {
 void MapEditor::Move(QPoint position) {
   last_mouse_ = position;
   mouse_seen_ = true;
-  const RomDocument& document = window_.document();
   const MapCell from = cell_;
   const MapCell cell = CellAt(position);
   const bool changed = TrackCell(cell);
-  if (changed) SetPanel(4, BlockText("Block: ", document.Grid().At(cell.x, cell.y)));
+  if (changed) SetPanel(4, BlockText("Block: ", document_.Grid().At(cell.x, cell.y)));
   if (edit_mode_ == kNoEdit) {
     ShowHover(cell);
     return;
@@ -115,14 +113,14 @@ void MapEditor::Move(QPoint position) {
 }
 
 void MapEditor::Release(Qt::MouseButton button) {
-  window_.Guarded([&] {
+  context_.Guarded([&] {
     const int mode = edit_mode_;
     edit_mode_ = kNoEdit;
     if (!Idle()) return;
     last_release_ = button;
-    if (button == Qt::LeftButton) window_.document().EndStroke();
+    if (button == Qt::LeftButton) document_.EndStroke();
     // The title marker and the Edit menu follow also when opening the neighbour fails.
-    const ScopeExit edited([this] { window_.DocumentEdited(); });
+    const ScopeExit edited([this] { context_.DocumentEdited(); });
     if (mode == kPlace && hovered_ >= 0) OpenNeighbour(hovered_);
   });
 }
@@ -130,9 +128,9 @@ void MapEditor::Release(Qt::MouseButton button) {
 // Qt sends press, release, double click, release: the release before the double click tells
 // which button was clicked twice.
 void MapEditor::DoubleClick() {
-  window_.Guarded([&] {
+  context_.Guarded([&] {
     if (!Idle()) return;
-    BlockChooserView& chooser = *window_.map_page()->chooser();
+    BlockChooserView& chooser = *page_.chooser();
     if (last_release_ == Qt::LeftButton) {
       // The first click painted; the second takes the block it painted over into the chooser,
       // and the cell keeps the new block.
@@ -146,7 +144,7 @@ void MapEditor::DoubleClick() {
 
 void MapEditor::RefreshHover() {
   if (!mouse_seen_) return;
-  window_.Guarded([&] {
+  context_.Guarded([&] {
     if (Idle()) Move(last_mouse_);
   });
 }
@@ -173,35 +171,33 @@ void MapEditor::ApplyMouseAction(MapCell cell) {
 }
 
 void MapEditor::Place(MapCell cell) {
-  RomDocument& document = window_.document();
-  if (!document.Grid().IsMapCell(cell.x, cell.y)) return;
-  const int block = window_.map_page()->chooser()->SelectedBlock();
-  replaced_block_ = document.Grid().At(cell.x, cell.y);
-  const bool changed = document.PaintCell(cell.x, cell.y, static_cast<std::uint8_t>(block));
+  if (!document_.Grid().IsMapCell(cell.x, cell.y)) return;
+  const int block = page_.chooser()->SelectedBlock();
+  replaced_block_ = document_.Grid().At(cell.x, cell.y);
+  const bool changed = document_.PaintCell(cell.x, cell.y, static_cast<std::uint8_t>(block));
   SetPanel(4, BlockText("Block: ", block));
-  if (changed) window_.graphics()->PatchCell(cell.x, cell.y);
+  if (changed) graphics_.PatchCell(cell.x, cell.y);
 }
 
 void MapEditor::Pick(MapCell cell) {
-  BlockChooserView& chooser = *window_.map_page()->chooser();
-  const int block = window_.document().Grid().At(cell.x, cell.y);
+  BlockChooserView& chooser = *page_.chooser();
+  const int block = document_.Grid().At(cell.x, cell.y);
   if (block == chooser.SelectedBlock()) return;
   chooser.SelectBlock(block);
   ScrollChooserTo(block);
 }
 
 void MapEditor::ScrollChooserTo(int block) {
-  BlockChooserView& chooser = *window_.map_page()->chooser();
+  BlockChooserView& chooser = *page_.chooser();
   const BlockChooser geometry(chooser.Zoom());
   const int top = geometry.BlockMarker(block, chooser.scroll()->value()).top;
   if (top < 0 || top + geometry.BlockSize() > chooser.picture()->height()) chooser.CentreOnSelection();
 }
 
 void MapEditor::ShowHover(MapCell cell) {
-  const RomDocument& document = window_.document();
-  const ExtendedMap& grid = document.Grid();
+  const ExtendedMap& grid = document_.Grid();
   const MapViewport view = Viewport();
-  FrameMarker& cursor = *window_.map_page()->block_cursor();
+  FrameMarker& cursor = *page_.block_cursor();
   hovered_ = ConnectionAt(grid, cell);
   if (hovered_ >= 0) {
     const PixelRect strip = StripOnPicture(grid.Connection(hovered_).rect, view);
@@ -213,7 +209,7 @@ void MapEditor::ShowHover(MapCell cell) {
   }
   HideStripMarker();
   cursor.MoveTo(cell.x * view.block_size - view.h_scroll, cell.y * view.block_size - view.v_scroll);
-  const SecondaryHeaderBuffer& secondary = document.Secondary();
+  const SecondaryHeaderBuffer& secondary = document_.Secondary();
   SetPanel(1, QString::fromStdString(CellInfoText(grid, secondary.BlockDataBank(),
                                                   secondary.BlockDataPointer(), cell)));
 }
@@ -226,24 +222,23 @@ void MapEditor::HideStripMarker() {
 // The neighbour is opened as a click in the selectors would open it; its view is then scrolled
 // so that the strip of the map just left is in sight.
 void MapEditor::OpenNeighbour(int direction) {
-  RomDocument& document = window_.document();
-  const GridConnection neighbour = document.Grid().Connection(direction);
+  const GridConnection neighbour = document_.Grid().Connection(direction);
   CheckIndex(std::int64_t{neighbour.bank} - 1, kMapBankCount);
-  const int left_bank = document.SelectedBank() + 1;
-  const int left_map = document.SelectedMap() + 1;
+  const int left_bank = document_.SelectedBank() + 1;
+  const int left_map = document_.SelectedMap() + 1;
   {
     busy_ = true;
     const ScopeExit idle([this] { busy_ = false; });
-    if (!window_.SwitchToMap(neighbour.bank - 1, neighbour.map - 1)) return;
-    const ScrollValues at = ArrivalScroll(document.Grid(), direction, left_bank, left_map, Viewport());
-    MapView& view = *window_.map_page()->map_view();
-    const int lock = window_.view_lock();
-    const ScopeExit unlock([&] { window_.set_view_lock(lock); });
-    window_.set_view_lock(1);
+    if (!context_.SwitchToMap(neighbour.bank - 1, neighbour.map - 1)) return;
+    const ScrollValues at = ArrivalScroll(document_.Grid(), direction, left_bank, left_map, Viewport());
+    MapView& view = *page_.map_view();
+    const int lock = context_.state().view_lock;
+    const ScopeExit unlock([&] { context_.state().view_lock = lock; });
+    context_.state().view_lock = 1;
     view.h_scroll()->setValue(at.h);
     view.v_scroll()->setValue(at.v);
   }
-  window_.graphics()->RedrawWholeView();
+  graphics_.RedrawWholeView();
 }
 
 }  // namespace kartova

@@ -8,7 +8,10 @@
 namespace kartova {
 
 class FrameMarker;
-class MainWindow;
+class GraphicsController;
+class MapPage;
+class PageContext;
+class RomDocument;
 
 // Editing the map with the mouse on Picture1: the left button paints the chosen block into the
 // map (a stroke from press to release is one step of the history), the right button picks the
@@ -21,7 +24,8 @@ class MapEditor : public QObject {
   // The button held on the picture, numbered as the mouse events of the classic form did.
   enum EditMode : int { kNoEdit = 0, kPlace = 1, kPick = 2, kOtherButton = 4 };
 
-  explicit MapEditor(MainWindow& window);
+  MapEditor(RomDocument& document, PageContext& context, MapPage& page, GraphicsController& graphics,
+            QObject* parent = nullptr);
 
   // The mouse-move step again at the last known position, so that the status bar and the
   // markers follow a scroll or a redraw.
@@ -59,7 +63,10 @@ class MapEditor : public QObject {
   // Another map was loaded: every status text is written anew at the next move.
   void ForgetCell();
 
-  MainWindow& window_;
+  RomDocument& document_;
+  PageContext& context_;
+  MapPage& page_;
+  GraphicsController& graphics_;
   FrameMarker* strip_marker_ = nullptr;
   QPoint last_mouse_;
   bool mouse_seen_ = false;

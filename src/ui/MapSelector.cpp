@@ -46,4 +46,11 @@ void MapSelector::SetMaps(const QStringList& entries) {
   map_list_->setCurrentIndex(-1);
 }
 
+QStringList ToQStringList(const std::vector<std::string>& items) {
+  QStringList list;
+  list.reserve(static_cast<qsizetype>(items.size()));
+  for (const std::string& item : items) list << QString::fromStdString(item);
+  return list;
+}
+
 }  // namespace kartova

@@ -2,6 +2,8 @@
 
 #include <QStringList>
 #include <QWidget>
+#include <string>
+#include <vector>
 
 class QComboBox;
 
@@ -40,5 +42,8 @@ class MapSelector : public QWidget {
   QComboBox* bank_list_;
   QComboBox* map_list_;
 };
+
+// The document's list entries (UTF-8) as the selectors and combo boxes take them.
+QStringList ToQStringList(const std::vector<std::string>& items);
 
 }  // namespace kartova

@@ -5,7 +5,7 @@
 #include <limits>
 #include <string_view>
 
-#include "app/SettingsStore.h"
+#include "settings/SettingsStore.h"
 #include "rom/HexText.h"
 #include "ui/MainMenu.h"
 

@@ -6,7 +6,7 @@
 #include <charconv>
 #include <cmath>
 
-#include "app/SettingsStore.h"
+#include "settings/SettingsStore.h"
 #include "rom/HexText.h"
 
 namespace kartova {

@@ -4,7 +4,7 @@
 #include <map>
 #include <string>
 
-#include "app/IniFile.h"
+#include "settings/IniFile.h"
 #include "cli/CliProcess.h"
 #include "demo/DemoRom.h"
 #include "support/TempDir.h"

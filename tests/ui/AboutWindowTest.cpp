@@ -4,7 +4,7 @@
 #include <QTimer>
 
 #include "MainWindowFixture.h"
-#include "app/AboutWindow.h"
+#include "ui/AboutWindow.h"
 
 namespace kartova::test {
 namespace {

@@ -92,7 +92,7 @@ TEST_F(ConnectionFrameTest, EachDirectionShowsTheRecordOfItsSlot) {
   Frame().selector(1)->click();
   EXPECT_EQ(Boxes(), SlotTexts(rom_.bytes, {1, 1}, 0));
   EXPECT_EQ(Frame().length_label()->text(), "ST-Breite:");
-  EXPECT_FALSE(window_->changes_pending());
+  EXPECT_FALSE(window_->state().changes_pending);
 
   // Another map: the selection moves to a direction it has; none at all switches off.
   ClickMap(1);
@@ -117,7 +117,7 @@ TEST_F(ConnectionFrameTest, TypedValuesGoIntoTheSelectedSlot) {
   east[3] = 0x34;
   EXPECT_EQ(Slot(1), east);
   EXPECT_EQ(Slot(0), south);
-  EXPECT_TRUE(window_->changes_pending());
+  EXPECT_TRUE(window_->state().changes_pending);
 
   Frame().selector(1)->click();
   Type(Box(14), "33");
@@ -135,7 +135,7 @@ TEST_F(ConnectionFrameTest, ChecksSwitchTheEditorButNeverTheFlagByte) {
   EXPECT_EQ(Selectors(false), "0000");
   EXPECT_EQ(Box(8)->text(), "00");
   EXPECT_EQ(Document().Secondary().bytes, before.bytes);
-  EXPECT_TRUE(window_->changes_pending());
+  EXPECT_TRUE(window_->state().changes_pending);
 
   Con(0)->click();
   EXPECT_TRUE(Frame().isEnabled());
@@ -186,7 +186,7 @@ TEST_F(ConnectionFrameTest, Command3And4LoadTheNeighbourAndMarkInIt) {
   EXPECT_EQ(window_->map_selector()->bank_index(), 0);
   EXPECT_EQ(window_->map_selector()->map_index(), 2);
   EXPECT_EQ(Document().MapWidth(), 8);
-  EXPECT_EQ(window_->current_tab(), MainWindow::kHeaderTab);
+  EXPECT_EQ(window_->state().current_tab, MainWindow::kHeaderTab);
   EXPECT_EQ(Link().data().RowLength(), 30);
   EXPECT_EQ(Link().Selection(), (LinkSelection{11 * 2, 2}));
   EXPECT_EQ(Field(7) + ' ' + Field(8), "8 -3");

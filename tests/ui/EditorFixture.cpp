@@ -25,7 +25,7 @@ void EditorTest::AddDefinitions(const std::string& ini_text) {
 
 MainWindow& EditorTest::OpenEditorWith(const std::string& path) {
   MainWindow& window = StartEditor();
-  QObject::connect(&window, &MainWindow::MapLoadStepDone, &window,
+  QObject::connect(&window.events(), &PageEvents::MapLoadStepDone, &window,
                    [this](MapLoadStep step) { steps_.push_back(step); });
   OpenThroughDialog(path);
   return window;

@@ -119,9 +119,9 @@ TEST_F(EventPageTest, ChoosingFromAListShowsTheRecordUnlessShownOrLoading) {
   Page().set_lists_loading(true);
   Choose(kEventPeople, 1);
   Page().set_lists_loading(false);
-  window_->set_rom_loading(1);
+  window_->state().rom_loading = 1;
   Choose(kEventPeople, 1);
-  window_->set_rom_loading(0);
+  window_->state().rom_loading = 0;
   ExpectShown(kEventWarp, 0);
   EXPECT_FALSE(Document().History().CanUndo()) << "showing a record is no edit";
 }

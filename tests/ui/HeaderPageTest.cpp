@@ -54,7 +54,7 @@ TEST_F(HeaderPageTest, TheBoxesShowTheHeadersOfTheLoadedMap) {
   // The connection editor is on; the link data view waits until the header tab is selected.
   EXPECT_TRUE(Page().connection_frame()->isEnabled());
   EXPECT_FALSE(Page().link_data_frame()->isEnabled());
-  EXPECT_FALSE(window_->changes_pending());
+  EXPECT_FALSE(window_->state().changes_pending);
 }
 
 TEST_F(HeaderPageTest, TypedTextsReachTheBuffersByteForByte) {
@@ -64,7 +64,7 @@ TEST_F(HeaderPageTest, TypedTextsReachTheBuffersByteForByte) {
 
   Type(Box(3), "1FF");  // one byte keeps the low eight bits
   secondary.bytes[0] = 0xFF;
-  EXPECT_TRUE(window.changes_pending());
+  EXPECT_TRUE(window.state().changes_pending);
   Type(Box(5), "1234567");  // the seventh character is ignored: 123456 stays
   secondary.bytes[6] = 0x56;
   EXPECT_EQ(Box(5)->text(), "1234567");
@@ -94,7 +94,7 @@ TEST_F(HeaderPageTest, CombosStoreTypedCodesButNotListTexts) {
   const PrimaryHeaderBuffer before = Document().Primary();
   Activate(HeaderCombo(0), 3);
   EXPECT_EQ(Document().Primary().bytes, before.bytes);
-  EXPECT_TRUE(window_->changes_pending());
+  EXPECT_TRUE(window_->state().changes_pending);
 
   Type(HeaderCombo(3)->lineEdit(), "0A");
   EXPECT_EQ(Document().Primary().Music(), 0x0A);
@@ -129,7 +129,7 @@ TEST_F(HeaderPageTest, ASwitchWithoutEditsAsksNothing) {
   ClickTab(MainWindow::kEventTab);
   ClickTab(MainWindow::kHeaderTab);
   ClickTab(MainWindow::kMapTab);
-  EXPECT_EQ(window_->current_tab(), MainWindow::kMapTab);
+  EXPECT_EQ(window_->state().current_tab, MainWindow::kMapTab);
   EXPECT_EQ(prompter_.asked.size(), asked);
 }
 
@@ -162,7 +162,7 @@ TEST_F(HeaderPageTest, LeavingWithEditsAsksWhetherToApplyThem) {
     ClickTab(c.tab);
     EXPECT_EQ(prompter_.asked.back().title, QString::fromUtf8("Änderungen übernehmen?"));
     EXPECT_EQ(prompter_.asked.back().buttons, Prompter::Buttons::kYesNoCancel);
-    EXPECT_EQ(window_->current_tab(), c.lands_on);
+    EXPECT_EQ(window_->state().current_tab, c.lands_on);
     EXPECT_EQ(window_->tab_strip()->currentIndex(), c.lands_on);
     EXPECT_EQ(steps_, c.steps);
     std::vector<std::uint8_t> secondary = rom(map.secondary_header, SecondaryHeaderBuffer::kSize);
@@ -171,8 +171,8 @@ TEST_F(HeaderPageTest, LeavingWithEditsAsksWhetherToApplyThem) {
     EXPECT_EQ(std::vector<std::uint8_t>(Document().Primary().bytes.begin(), Document().Primary().bytes.end()),
               rom(map.primary_header, PrimaryHeaderBuffer::kSize));
     EXPECT_EQ(Box(3)->text().toStdString(), Hex2(secondary[0]));
-    EXPECT_EQ(window_->changes_pending(), c.answer == A::kCancel);
-    EXPECT_EQ(window_->apply_mode(), 0);
+    EXPECT_EQ(window_->state().changes_pending, c.answer == A::kCancel);
+    EXPECT_EQ(window_->state().apply_mode, 0);
     EXPECT_EQ(Page().isVisible(), c.lands_on == MainWindow::kHeaderTab);
   }
 }

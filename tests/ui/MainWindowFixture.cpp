@@ -4,11 +4,13 @@
 #include <QCoreApplication>
 #include <filesystem>
 
+#include "settings/QtRegistry.h"
+
 namespace kartova::test {
 
 MainWindowTest::MainWindowTest() : program_dir_(dir_.File("program")) {
   std::filesystem::create_directory(program_dir_);
-  store_ = std::make_unique<SettingsStore>(program_dir_, dir_.File("registry.ini"));
+  store_ = std::make_unique<SettingsStore>(program_dir_, std::make_unique<QtRegistry>(dir_.File("registry.ini")));
 }
 
 template <typename Window>

@@ -8,7 +8,7 @@
 #include <vector>
 
 #include "ScriptedPrompter.h"
-#include "app/SettingsStore.h"
+#include "settings/SettingsStore.h"
 #include "rom/RuntimeError.h"
 #include "support/TempDir.h"
 #include "ui/MainWindow.h"

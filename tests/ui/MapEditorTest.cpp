@@ -110,9 +110,9 @@ TEST_F(MapEditorTest, AClickPlacesTheChosenBlockOnlyInsideTheMapAndUnlocked) {
   // Nothing in the margin, and nothing while the view is locked.
   const int margin = Cell(1, 1);
   ClickCell(Qt::LeftButton, 1, 1);
-  window_->set_view_lock(1);
+  window_->state().view_lock = 1;
   ClickCell(Qt::LeftButton, 6, 6);
-  window_->set_view_lock(0);
+  window_->state().view_lock = 0;
   EXPECT_EQ(Cell(1, 1), margin);
   EXPECT_NE(Cell(6, 6), block);
   EXPECT_EQ(Document().History().Count(), 1u);
@@ -196,7 +196,7 @@ TEST_F(MapEditorTest, ReleasingOverAStripOpensTheNeighbourWithTheWayBackInSight)
   // Weg 11 (1.2), whose east strip leads back to Mühlental.
   EXPECT_EQ(std::tuple(Combo("Combo2")->currentIndex(), Combo("Combo3")->currentIndex(), Document().SelectedMap()),
             std::tuple(0, 1, 1));
-  EXPECT_EQ(std::pair(Editor().busy(), window_->view_lock()), std::pair(false, 0));
+  EXPECT_EQ(std::pair(Editor().busy(), window_->state().view_lock), std::pair(false, 0));
   const GridConnection& back = Document().Grid().Connection(kDirectionEast);
   ASSERT_TRUE(back.present);
   EXPECT_EQ(std::pair(int{back.bank}, int{back.map}), std::pair(1, 1));

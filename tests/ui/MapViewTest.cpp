@@ -49,7 +49,7 @@ TEST_F(MapViewTest, TheMapViewShowsTheGridAndScrollsInsideItsBuffer) {
   MainWindow& window = OpenEditorWith(WriteDemoRom());
   // Mühlental, 20 x 16 blocks
   ASSERT_EQ(std::pair(Document().Grid().Width(), Document().Grid().Height()), std::pair(26, 22));
-  EXPECT_EQ(window.view_lock(), 0);
+  EXPECT_EQ(window.state().view_lock, 0);
   EXPECT_TRUE(Map().h_scroll()->isEnabled() && Map().v_scroll()->isEnabled());
   ExpectViewShowsGrid(Map(), 1);
 
@@ -93,7 +93,7 @@ TEST_F(MapViewTest, OneLightingItemIsCheckedAndAChoiceChangesOnlyTheColours) {
   Click("mnuDay3");
   EXPECT_EQ(CheckedDayItems(), "mnuDay3 ");
   EXPECT_EQ(Document().TimeOfDay(), 3);
-  EXPECT_EQ(window_->time_of_day(), 3);
+  EXPECT_EQ(window_->state().time_of_day, 3);
   EXPECT_NE(Shot(Map().picture()).pixel(5, 5), day);
   EXPECT_EQ(Graphics().rebuilds(), rebuilds);
   EXPECT_EQ(Map().picture()->Conversions(), conversions + 1);

@@ -46,14 +46,14 @@ TEST_F(MenuAndLayoutTest, TabStripSwitchesPagesAndTheStatusBarHasFivePanels) {
   tabs->setCurrentIndex(3);
   EXPECT_EQ(shown(), "001");
   tabs->setCurrentIndex(2);
-  EXPECT_EQ(window.current_tab(), 2);
+  EXPECT_EQ(window.state().current_tab, 2);
   EXPECT_EQ(shown(), "000");
   // While the program selects a tab itself, the click does nothing.
-  window.set_apply_mode(1);
+  window.state().apply_mode = 1;
   tabs->setCurrentIndex(1);
-  EXPECT_EQ(window.current_tab(), 2);
+  EXPECT_EQ(window.state().current_tab, 2);
   EXPECT_EQ(shown(), "000");
-  window.set_apply_mode(0);
+  window.state().apply_mode = 0;
   tabs->setCurrentIndex(0);
   EXPECT_EQ(shown(), "100");
 

@@ -57,8 +57,8 @@ TEST_F(OpenRomTest, OpeningSelectsBankOneAndLoadsItsFirstMap) {
   // The drop-down lists are as wide as their longest entry.
   EXPECT_GE(HeaderCombo(0)->view()->minimumWidth(),
             QFontMetrics(window.font()).horizontalAdvance(QString::fromUtf8("01 - Außenwelt (Kopie)")));
-  EXPECT_FALSE(window.suppress_map_load());
-  EXPECT_EQ(window.rom_loading(), 0);
+  EXPECT_EQ(window.state().view_lock, 0);
+  EXPECT_EQ(window.state().rom_loading, 0);
   // Every file command is offered but the standard file, which there is none of; nothing is
   // edited yet, so there is nothing to undo.
   EXPECT_EQ(EnabledAmong({"mnuSave", "mnuReload", "mnuStdSet", "mnuSaveFull", "mnuSaveAs", "mnuMapExp",
@@ -170,7 +170,7 @@ TEST_F(ReloadTest, MapScopeRereadsTheDefinitionAndKeepsBankAndMap) {
   // The headers page is refreshed, the events are not read again.
   EXPECT_EQ(steps_, (std::vector<MapLoadStep>{MapLoadStep::kHeaderPage, MapLoadStep::kTileset,
                                               MapLoadStep::kEventControls, MapLoadStep::kMapBuilt}));
-  EXPECT_EQ(window.reload_scope(), 0);
+  EXPECT_EQ(window.state().reload_scope, 0);
 }
 
 TEST_F(ReloadTest, ADefinitionBrokenMeanwhileKeepsTheRomCurrent) {
@@ -181,7 +181,7 @@ TEST_F(ReloadTest, ADefinitionBrokenMeanwhileKeepsTheRomCurrent) {
   Click("mnuReloadFull");
   EXPECT_EQ(window.rom_path().toStdString(), dir_.File("zweite.gbc"));
   EXPECT_EQ(Document().RomPath(), dir_.File("zweite.gbc"));
-  EXPECT_EQ(window.reload_scope(), 0);
+  EXPECT_EQ(window.state().reload_scope, 0);
 }
 
 TEST_F(ReloadTest, AVanishedFileIsReported) {
@@ -190,7 +190,7 @@ TEST_F(ReloadTest, AVanishedFileIsReported) {
   std::filesystem::remove(rom);
   prompter_.ExpectMessage("Keine Datei geladen.");
   Click("mnuReloadEvents");
-  EXPECT_EQ(window.reload_scope(), 0);
+  EXPECT_EQ(window.state().reload_scope, 0);
   EXPECT_EQ(Combo("Combo3")->currentIndex(), 0);
 }
 
@@ -217,10 +217,10 @@ TEST_F(MapListTest, ABankIsListedOnItsClickAndAMapLoadsOnlyOnItsOwn) {
   EXPECT_EQ(Document().SelectedBank(), 0);
 
   // A selection the program makes itself loads nothing.
-  window_->set_rom_loading(1);
+  window_->state().rom_loading = 1;
   ClickMap(1);
   EXPECT_EQ(Document().SelectedBank(), 0);
-  window_->set_rom_loading(0);
+  window_->state().rom_loading = 0;
 
   ClickMap(1);
   EXPECT_EQ(Document().SelectedBank(), 2);

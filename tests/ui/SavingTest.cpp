@@ -62,7 +62,7 @@ TEST_F(SavingTest, EachScopeWritesOnlyItsRegionsAndTheTitleFollows) {
   EXPECT_EQ(Changed(), BothEdits());
   EXPECT_EQ(ByteOnDisk(map_.secondary_header), 0x5A);
   EXPECT_EQ(ShownTitle(*window_), "Kartova v1.38 - demo.gbc");
-  EXPECT_EQ(window_->reload_scope(), 0);
+  EXPECT_EQ(window_->state().reload_scope, 0);
   Click("mnuUndo");  // a saved edit undone differs from the file again
   EXPECT_TRUE(TitleMarked());
 
@@ -195,7 +195,7 @@ TEST_F(SavingTest, HeaderAndConnectionEditsAreUndoneAndRedoneOneBoxAtATime) {
   Click("mnuRedo");
   EXPECT_EQ(Box(3)->text() + Box(14)->text(), "1F07");
   EXPECT_FALSE(Enabled("mnuRedo"));
-  EXPECT_TRUE(window_->changes_pending());
+  EXPECT_TRUE(window_->state().changes_pending);
 }
 
 TEST_F(SavingTest, ExportThenImportLeavesTheMapAndAChangedFileIsOneStep) {

@@ -23,9 +23,11 @@ TEST_F(StartupTest, FirstStartWithEmptySettings) {
 
   EXPECT_EQ(CheckedItems(), "mnuDayAuto mnuEventZoom mnuSavePropertyReg mnuScrModeDyn mnuScrSpeedNormal "
                             "mnuShowDirLine mnuStdAutoLoad ");
-  EXPECT_FLOAT_EQ(window.scroll_speed(), 1.0f);
-  EXPECT_EQ(window.event_zoom() * 10 + window.map_zoom(), 21);
-  EXPECT_EQ(window.time_of_day(), 8);
+  EXPECT_FLOAT_EQ(window.view_options().scroll_speed(), 1.0f);
+  EXPECT_EQ(window.view_options().zoom(ViewOptions::View::kEvent) * 10 +
+                window.view_options().zoom(ViewOptions::View::kMap),
+            21);
+  EXPECT_EQ(window.state().time_of_day, 8);
   EXPECT_EQ(window.findChild<QComboBox*>("Combo1")->currentIndex(), 0);
   EXPECT_EQ(window.open_dialog_dir().toStdString(), program_dir_);
   EXPECT_TRUE(window.opened_paths.empty());

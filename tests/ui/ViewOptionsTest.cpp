@@ -35,7 +35,7 @@ TEST_F(ScrollSpeedTest, ItemsFollowTheSpeedAndChangesKeepTheDisplaySign) {
     std::string now;
     for (std::string name : {"Fast", "Normal", "Slow", "Sign"})
       if (Checked(("mnuScrSpeed" + name).c_str())) now += name + " ";
-    EXPECT_FLOAT_EQ(window.scroll_speed(), speed);
+    EXPECT_FLOAT_EQ(window.view_options().scroll_speed(), speed);
     EXPECT_EQ(Registry("ScrollSpeed"), text);
     EXPECT_EQ(now, checked);
   }
@@ -73,13 +73,15 @@ TEST_F(ViewOptionTest, DirLineToggleStoresAndTellsTheEventView) {
 TEST_F(ViewOptionTest, ZoomItemsToggleStoreAndSetTheirFactor) {
   PresetRegistry("ZoomTileset", "1");
   ObservedMainWindow& window = StartWindow();
-  EXPECT_EQ(window.tileset_zoom(), 2);
+  EXPECT_EQ(window.view_options().zoom(ViewOptions::View::kTileset), 2);
   QSignalSpy spy(&window.view_options(), &ViewOptions::ZoomChanged);
   Click("mnuMapZoom");
   Click("mnuEventZoom");
   Click("mnuTilesetZoom");
   EXPECT_TRUE(Checked("mnuMapZoom") && !Checked("mnuEventZoom") && !Checked("mnuTilesetZoom"));
-  EXPECT_EQ(window.map_zoom() * 100 + window.event_zoom() * 10 + window.tileset_zoom(), 211);
+  using View = ViewOptions::View;
+  const ViewOptions& options = window.view_options();
+  EXPECT_EQ(options.zoom(View::kMap) * 100 + options.zoom(View::kEvent) * 10 + options.zoom(View::kTileset), 211);
   EXPECT_EQ(Registry("ZoomMap") + Registry("ZoomEvent") + Registry("ZoomTileset"), "100");
   EXPECT_EQ(spy.count(), 3);
 }

@@ -1,4 +1,4 @@
-#include "app/AboutWindow.h"
+#include "ui/AboutWindow.h"
 
 #include <QApplication>
 #include <QFrame>

@@ -4,25 +4,25 @@
 #include <string>
 
 #include "rom/SettingsReader.h"
+#include "settings/RegistryBackEnd.h"
 
 namespace kartova {
 
-class IniFile;
-
-// The editor's one settings store with its two back ends: the per-user registry (through
-// QSettings' native format under the application name "Kartova") or the private profile file
-// Kartova.ini in the program's directory. Which one is active is decided once at start-up.
+// The editor's one settings store with its two back ends: the per-user registry, or the private
+// profile file Kartova.ini in the INI directory (beside the program, or in the per-user
+// configuration directory of an installed program: settings/SettingsLocation.h). Which one is
+// active is decided once at start-up.
 class SettingsStore : public SettingsReader {
  public:
   enum Kind : int { kRegistry = 0, kIni = 1 };
 
-  // program_dir: where Kartova.ini lives. registry_file: when non-empty, the registry back end
-  // is this file (QSettings IniFormat) instead of the native per-user store; tests use it so
-  // that they never touch a user's real settings.
-  SettingsStore(std::string program_dir, std::string registry_file = {});
+  // registry may be null: then the registry holds nothing and takes nothing.
+  SettingsStore(std::string ini_directory, std::unique_ptr<RegistryBackEnd> registry);
   ~SettingsStore() override;
+  SettingsStore(SettingsStore&&) noexcept;
+  SettingsStore& operator=(SettingsStore&&) noexcept;
 
-  // The program directory with a trailing separator, and the INI path built from it.
+  // The INI directory with a trailing separator, and the INI path built from it.
   const std::string& IniDirectory() const { return ini_directory_; }
   std::string IniPath() const;
 
@@ -31,14 +31,16 @@ class SettingsStore : public SettingsReader {
 
   std::string ReadSetting(const std::string& section, const std::string& key,
                           const std::string& def) const override;
+  // Does nothing for a kind other than kRegistry or kIni.
   void WriteSetting(const std::string& section, const std::string& key, const std::string& value);
 
   // Direct access to one back end, whatever the active kind (the start-up selector and the
-  // switch items use these).
+  // switch items use these). The writes say whether the value was stored. Writing the INI file
+  // creates its directory first when that is missing.
   std::string ReadIni(const std::string& section, const std::string& key, const std::string& def) const;
-  void WriteIni(const std::string& section, const std::string& key, const std::string& value);
+  bool WriteIni(const std::string& section, const std::string& key, const std::string& value);
   std::string ReadRegistry(const std::string& section, const std::string& key, const std::string& def) const;
-  void WriteRegistry(const std::string& section, const std::string& key, const std::string& value);
+  bool WriteRegistry(const std::string& section, const std::string& key, const std::string& value);
 
   // The start-up decision: reads the selector from both back ends; when they disagree, writes
   // "reg" into both and returns true (the caller shows the message). Sets kind().
@@ -53,7 +55,7 @@ class SettingsStore : public SettingsReader {
 
  private:
   std::string ini_directory_;
-  std::string registry_file_;
+  std::unique_ptr<RegistryBackEnd> registry_;
   int kind_ = kRegistry;
 };
 
