@@ -157,8 +157,8 @@ const CommandRegistrar kInstallDefinitionCommand(Command{
     "install-definition INI",
     "Copies every section and key of the INI file INI (ROM definitions and their name lists, "
     "such as the demo.ini of make-demo) into the settings store the editor reads: the --ini "
-    "file if given, else Kartova.ini beside this program or the per-user store, whichever the "
-    "editor would use. Existing keys are overwritten, everything else is kept. The key "
+    "file if given, else Kartova.ini (beside this program, or in ~/.config/Kartova/ when it is "
+    "installed) or the per-user store, whichever the editor would use. Existing keys are overwritten, everything else is kept. The key "
     "DefaultPropertyPath of [Settings] is not copied, since it chooses the store.",
     RunInstallDefinition,
 });

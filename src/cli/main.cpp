@@ -74,7 +74,9 @@ void PrintHelp(std::ostream& out) {
   }
   out << "Settings:\n"
       << Wrapped("Without --ini, settings and ROM definitions come from the store the editor "
-                 "uses: Kartova.ini beside this program when both selectors ([Settings] "
+                 "uses: Kartova.ini (beside this program; in $XDG_CONFIG_HOME/Kartova/, by default "
+                 "~/.config/Kartova/, when the program is installed, that is when "
+                 "../share/kartova lies beside its directory) when both selectors ([Settings] "
                  "DefaultPropertyPath in Kartova.ini and in the per-user store) say something "
                  "other than \"reg\" and agree, otherwise the per-user store. Only "
                  "install-definition writes to it.", 2)
