@@ -1,140 +1,112 @@
 #include <gtest/gtest.h>
 
-#include <QByteArray>
-#include <QJsonDocument>
-#include <QJsonObject>
 #include <QProcess>
 #include <QProcessEnvironment>
-#include <QStringList>
-
-#include <array>
 #include <memory>
-#include <string>
-#include <vector>
 
+#include "cli/CliProcess.h"
 #include "demo/DemoRom.h"
 #include "support/BadInputs.h"
-#include "support/TempDir.h"
 
 namespace kartova {
 namespace {
 
 using Bytes = std::vector<std::uint8_t>;
 
-// Every read-only and writing command of the command line tool on every broken input: each
-// ends with status 0, 1 or 2 (a message on stderr whenever it fails), within the time limit and
-// without a sanitizer report, and import-map either leaves the ROM alone or writes only the
-// block rows it names.
+// One command on one broken input, with a fresh copy of the ROM and the case's INI in a
+// directory of its own.
 struct CliRun {
-  std::string name;
+  CliRun(std::vector<std::string> command) : args(std::move(command)) {}
+  std::vector<std::string> args;
   std::unique_ptr<test::TempDir> dir = std::make_unique<test::TempDir>();
-  std::string rom = dir->File("rom.gbc");
   std::unique_ptr<QProcess> process = std::make_unique<QProcess>();
-  int status = -1;
-  std::string out, err;
-};
+  test::CliResult result;
 
-constexpr int kTimeoutMs = 20000;
-const Bytes kMapFile = {0xFF, 0x01, 0x02, 0x03, 0x04, 0x05, 0x06};
-
-class BadInputCatalogueTest : public ::testing::TestWithParam<test::BadInput> {
- protected:
-  // Starts the command with the case's ROM (a fresh copy) and INI in a directory of its own.
-  void Start(CliRun& run, const std::vector<std::string>& args) {
-    const test::BadInput& input = GetParam();
-    test::WriteBadInput(input, run.rom);
-    const std::string ini = run.dir->File("def.ini");
-    test::WriteFileText(ini, input.ini.value_or(DemoDefinitionIni()));
-    QStringList arguments{"--ini", QString::fromStdString(ini)};
-    for (std::string a : args) {
-      if (a == "ROM") a = run.rom;
-      else if (a.find('.') != std::string::npos) a = run.dir->File(a);
-      arguments << QString::fromStdString(a);
-    }
+  std::string Rom() const { return dir->File("rom.gbc"); }
+  void Start(const test::BadInput& input) {
+    test::WriteBadInput(input, Rom());
+    test::WriteFileText(dir->File("def.ini"), input.ini.value_or(DemoDefinitionIni()));
+    test::WriteFileBytes(dir->File("in.map"), {0xFF, 0x01, 0x02, 0x03, 0x04, 0x05, 0x06});
+    QStringList arguments{"--ini", QString::fromStdString(dir->File("def.ini"))};
+    for (const std::string& a : args)
+      arguments << QString::fromStdString(a == "ROM" ? Rom() : a.find('.') != std::string::npos ? dir->File(a) : a);
     QProcessEnvironment env = QProcessEnvironment::systemEnvironment();
     env.insert("ASAN_OPTIONS", "detect_leaks=0");
-    run.process->setProcessEnvironment(env);
-    run.process->start(KARTOVA_CLI_PATH, arguments);
+    process->setProcessEnvironment(env);
+    process->start(KARTOVA_CLI_PATH, arguments);
   }
-  static void Finish(CliRun& run) {
-    if (!run.process->waitForFinished(kTimeoutMs)) {
-      run.process->kill();
-      run.process->waitForFinished();
-      run.err = "(no end within the time limit) " + run.process->readAllStandardError().toStdString();
-      return;
+  void Finish() {
+    if (!process->waitForFinished(20000)) {
+      process->kill();
+      process->waitForFinished();
+      result.err = "(no end within the time limit) ";
+    } else if (process->exitStatus() == QProcess::NormalExit) {
+      result.status = process->exitCode();
     }
-    run.out = run.process->readAllStandardOutput().toStdString();
-    run.err = run.process->readAllStandardError().toStdString();
-    if (run.process->exitStatus() == QProcess::NormalExit) run.status = run.process->exitCode();
+    result.out = process->readAllStandardOutput().toStdString();
+    result.err += process->readAllStandardError().toStdString();
   }
 };
 
+using BadInputCatalogueTest = ::testing::TestWithParam<test::BadInput>;
+
+// Every command ends with status 0, 1 or 2 (a message on stderr whenever it fails), within the
+// time limit and without a sanitizer report, and import-map either leaves the ROM alone or
+// writes only the block rows it names.
 TEST_P(BadInputCatalogueTest, EveryCommandFailsCleanly) {
   const test::BadInput& input = GetParam();
   SCOPED_TRACE(input.name + ": " + input.what);
-  std::array<CliRun, 6> runs;
-  const std::array<std::vector<std::string>, 6> commands = {{
-      {"info", "ROM"},
-      {"map", "ROM", "1", "1"},
-      {"render", "ROM", "1", "1", "out.png"},
-      {"export-map", "ROM", "1", "1", "out.map"},
-      {"import-map", "ROM", "1", "1", "in.map"},
-      {"render-all", "ROM", "atlas.d"},
-  }};
-  CliRun& import = runs[4];
-  test::WriteFileBytes(import.dir->File("in.map"), kMapFile);
-  // Two at a time: the build machine has two cores.
-  for (std::size_t i = 0; i < runs.size(); i += 2) {
-    for (std::size_t j = i; j < std::min(i + 2, runs.size()); ++j) {
-      runs[j].name = commands[j][0];
-      Start(runs[j], commands[j]);
-    }
-    for (std::size_t j = i; j < std::min(i + 2, runs.size()); ++j) Finish(runs[j]);
+  CliRun runs[] = {{{"info", "ROM"}},
+                   {{"map", "ROM", "1", "1"}},
+                   {{"render", "ROM", "1", "1", "out.png"}},
+                   {{"export-map", "ROM", "1", "1", "out.map"}},
+                   {{"import-map", "ROM", "1", "1", "in.map"}},
+                   {{"render-all", "ROM", "atlas.d"}}};
+  for (std::size_t i = 0; i < std::size(runs); i += 2) {  // two at a time: the machine has two cores
+    runs[i].Start(input);
+    runs[i + 1].Start(input);
+    runs[i].Finish();
+    runs[i + 1].Finish();
   }
-
   for (const CliRun& run : runs) {
-    SCOPED_TRACE(run.name);
-    EXPECT_TRUE(run.status >= 0 && run.status <= 2) << "status " << run.status << "\n" << run.err;
-    EXPECT_EQ(run.err.find("AddressSanitizer"), std::string::npos) << run.err;
-    EXPECT_EQ(run.err.find("runtime error:"), std::string::npos) << run.err;
-    // The intact demo checks the harness itself: every command succeeds on it.
-    if (input.name == "IntactDemo") {
-      EXPECT_EQ(run.status, 0) << run.err;
+    const test::CliResult& r = run.result;
+    SCOPED_TRACE(run.args[0]);
+    EXPECT_TRUE(r.status >= 0 && r.status <= 2) << "status " << r.status << "\n" << r.err;
+    EXPECT_EQ(r.err.find("AddressSanitizer"), std::string::npos) << r.err;
+    EXPECT_EQ(r.err.find("runtime error:"), std::string::npos) << r.err;
+    if (input.name == "IntactDemo") {  // the harness itself: every command succeeds
+      EXPECT_EQ(r.status, 0) << r.err;
     }
-    if (run.status != 0) {
-      EXPECT_NE(run.err, "") << "a failure without a message";
+    if (r.status != 0) {
+      EXPECT_NE(r.err, "") << "a failure without a message";
     }
   }
 
-  // import-map: unchanged, or changed only in the rows it reports.
-  test::TempDir original_dir;
-  const std::string original_path = original_dir.File("rom.gbc");
-  test::WriteBadInput(input, original_path);
-  const Bytes before = test::ReadFileBytes(original_path);
-  const Bytes after = test::ReadFileBytes(import.rom);
-  if (import.status != 0) {
+  // Rows past the end lengthen the file to their end, the gap reading zero.
+  const CliRun& import = runs[4];
+  test::TempDir original;
+  test::WriteBadInput(input, original.File("rom.gbc"));
+  const Bytes before = test::ReadFileBytes(original.File("rom.gbc")), after = test::ReadFileBytes(import.Rom());
+  if (import.result.status != 0) {
     EXPECT_TRUE(before == after) << "a failed import changed the ROM";
     return;
   }
-  const QJsonObject json = QJsonDocument::fromJson(QByteArray::fromStdString(import.out)).object();
-  ASSERT_TRUE(json.contains("offset") && json.contains("bytes")) << import.out;
+  const QJsonObject json = test::JsonOf(import.result);
+  ASSERT_TRUE(json.contains("offset") && json.contains("bytes")) << import.result.out;
   const auto offset = static_cast<std::size_t>(json["offset"].toDouble());
-  const auto bytes = static_cast<std::size_t>(json["bytes"].toDouble());
-  // Rows past the end lengthen the file to their end, the gap reading zero.
-  const std::size_t end = offset + bytes;
-  ASSERT_EQ(after.size(), std::max(before.size(), end)) << import.out;
+  const std::size_t end = offset + static_cast<std::size_t>(json["bytes"].toDouble());
+  ASSERT_EQ(after.size(), std::max(before.size(), end)) << import.result.out;
   for (std::size_t i = 0; i < after.size(); ++i) {
-    if (i >= offset && i < end) continue;
-    const std::uint8_t was = i < before.size() ? before[i] : 0;
-    ASSERT_EQ(after[i], was) << "byte " << i << " changed outside the block rows " << offset << "+" << bytes;
+    if (i < offset || i >= end) {
+      ASSERT_EQ(after[i], i < before.size() ? before[i] : 0) << "byte " << i << " changed outside the block rows";
+    }
   }
 }
 
-INSTANTIATE_TEST_SUITE_P(BadInputControl, BadInputCatalogueTest,
-                         ::testing::Values(test::BadInput{"IntactDemo", "the demo as built", BuildDemoRom(), 0, {}}),
-                         [](const ::testing::TestParamInfo<test::BadInput>& info) { return info.param.name; });
+INSTANTIATE_TEST_SUITE_P(BadInputControl, BadInputCatalogueTest, ::testing::Values(test::IntactDemoInput()),
+                         test::BadInputName);
 INSTANTIATE_TEST_SUITE_P(BadInput, BadInputCatalogueTest, ::testing::ValuesIn(test::BadInputs()),
-                         [](const ::testing::TestParamInfo<test::BadInput>& info) { return info.param.name; });
+                         test::BadInputName);
 
 }  // namespace
 }  // namespace kartova

@@ -5,7 +5,6 @@
 
 #include "cli/CliProcess.h"
 #include "demo/RomBuilder.h"
-#include "support/TempDir.h"
 
 namespace kartova {
 namespace {
@@ -18,7 +17,7 @@ bool Contains(const std::string& text, const std::string& part) {
   return text.find(part) != std::string::npos;
 }
 
-TEST(CliFrameTest, HelpDocumentsEveryCommandAndWrongUsageFailsWithStatus2) {
+TEST(CliFrameTest, HelpVersionAndWrongUsage) {
   for (const std::vector<std::string>& args :
        {std::vector<std::string>{"--help"}, {"-h"}, {"help"}, {"help", "info"}, {"info", "--help"}}) {
     const CliResult r = RunCli(args);
@@ -26,6 +25,14 @@ TEST(CliFrameTest, HelpDocumentsEveryCommandAndWrongUsageFailsWithStatus2) {
     EXPECT_TRUE(Contains(r.out, "kartova-cli [--ini FILE] info ROM")) << r.out;
     EXPECT_TRUE(Contains(r.out, "extraHeaderByteNames")) << r.out;  // the command's paragraph
   }
+  EXPECT_TRUE(Contains(RunCli({"--help"}).out, "--version")) << "listed in the help";
+  const CliResult version = RunCli({"--version"});
+  EXPECT_EQ(version.status, 0);
+  EXPECT_EQ(version.err, "");
+  EXPECT_TRUE(version.out.rfind("kartova-cli ", 0) == 0 && version.out.size() > 14 && version.out.back() == '\n' &&
+              version.out.find_first_not_of("0123456789.\n", 12) == std::string::npos)
+      << version.out;
+
   const std::pair<std::vector<std::string>, std::string> wrong[] = {
       {{}, "no command given"},
       {{"frobnicate", "x"}, "unknown command 'frobnicate'"},
@@ -41,44 +48,39 @@ TEST(CliFrameTest, HelpDocumentsEveryCommandAndWrongUsageFailsWithStatus2) {
   }
 }
 
-TEST(CliFrameTest, VersionPrintsTheProjectVersion) {
-  const CliResult r = RunCli({"--version"});
-  EXPECT_EQ(r.status, 0);
-  EXPECT_EQ(r.err, "");
-  EXPECT_TRUE(r.out.rfind("kartova-cli ", 0) == 0 && r.out.find_first_not_of("0123456789.\n", 12) == std::string::npos &&
-              r.out.size() > 14 && r.out.back() == '\n')
-      << r.out;
-  EXPECT_TRUE(Contains(RunCli({"--help"}).out, "--version")) << "listed in the help";
-}
-
 #if defined(__linux__)
 // Without --ini the tool reads the editor's store, chosen by the two selectors, and writes
-// nothing. A copy of the tool in a temporary directory has its own Kartova.ini there; the
-// per-user settings file is redirected with XDG_CONFIG_HOME.
+// nothing. A copy of the tool in PREFIX/bin keeps Kartova.ini beside itself until PREFIX/share/
+// kartova makes it an installed program, whose Kartova.ini is in XDG_CONFIG_HOME/Kartova.
 TEST(CliFrameTest, WithoutIniReadsTheEditorsStoreAndWritesNothing) {
   test::TempDir dir;
-  const std::string cli = dir.File("kartova-cli"), rom = dir.File("rom.gbc");
-  const std::string ini = dir.File("Kartova.ini");
-  const std::string user = (dir.path() / "config" / "Kartova" / "Kartova.conf").string();
-  std::filesystem::create_directories(dir.path() / "config" / "Kartova");
+  const std::filesystem::path bin = dir.path() / "prefix" / "bin";
+  const std::string cli = (bin / "kartova-cli").string(), rom = dir.File("rom.gbc");
+  const std::string ini = (bin / "Kartova.ini").string(), config = dir.File("config/Kartova");
+  std::filesystem::create_directories(bin);
+  std::filesystem::create_directories(config);
   std::filesystem::copy_file(KARTOVA_CLI_PATH, cli);
   test::WriteFileBytes(rom, RomBuilder().Build());
   auto header_length = [&] {
     const CliResult r = RunCli({"info", rom}, {{"XDG_CONFIG_HOME", dir.File("config")}}, cli);
     EXPECT_EQ(r.status, 0) << r.err;
-    return Contains(r.out, "\"headerLength\": 10,") ? 10 : Contains(r.out, "\"headerLength\": 11,") ? 11 : 9;
+    const std::size_t at = r.out.find("\"headerLength\": ");
+    return at == std::string::npos ? std::string("none") : r.out.substr(at + 16, 2);
   };
-  EXPECT_EQ(header_length(), 9);
+  EXPECT_EQ(header_length(), "9,");
   EXPECT_FALSE(std::filesystem::exists(ini));
 
   WriteFileText(ini, "[Settings]\nDefaultPropertyPath=ini\nHeaderLengthA=10\n");
-  WriteFileText(user, "[Settings]\nDefaultPropertyPath=ini\nHeaderLengthA=11\n");
-  EXPECT_EQ(header_length(), 10);
+  WriteFileText(config + "/Kartova.conf", "[Settings]\nDefaultPropertyPath=ini\nHeaderLengthA=11\n");
+  WriteFileText(config + "/Kartova.ini", "[Settings]\nDefaultPropertyPath=ini\nHeaderLengthA=12\n");
+  EXPECT_EQ(header_length(), "10");
+  std::filesystem::create_directories(dir.path() / "prefix" / "share" / "kartova");
+  EXPECT_EQ(header_length(), "12");
 
-  WriteFileText(user, "[Settings]\nHeaderLengthA=11\n");  // disagreeing: the registry, unrepaired
-  EXPECT_EQ(header_length(), 11);
-  EXPECT_EQ(test::ReadFileText(user), "[Settings]\nHeaderLengthA=11\n");
-  EXPECT_TRUE(Contains(test::ReadFileText(ini), "DefaultPropertyPath=ini"));
+  WriteFileText(config + "/Kartova.conf", "[Settings]\nHeaderLengthA=11\n");  // disagreeing: the registry, unrepaired
+  EXPECT_EQ(header_length(), "11");
+  EXPECT_EQ(test::ReadFileText(config + "/Kartova.conf"), "[Settings]\nHeaderLengthA=11\n");
+  EXPECT_TRUE(Contains(test::ReadFileText(config + "/Kartova.ini"), "DefaultPropertyPath=ini"));
 }
 #endif
 

@@ -1,5 +1,7 @@
 #include "cli/CliProcess.h"
 
+#include <QByteArray>
+#include <QJsonDocument>
 #include <QProcess>
 #include <QProcessEnvironment>
 #include <QStringList>
@@ -30,5 +32,7 @@ CliResult RunCli(const std::vector<std::string>& args,
   if (process.exitStatus() == QProcess::NormalExit) result.status = process.exitCode();
   return result;
 }
+
+QJsonObject JsonOf(const CliResult& r) { return QJsonDocument::fromJson(QByteArray::fromStdString(r.out)).object(); }
 
 }  // namespace kartova::test

@@ -1,8 +1,13 @@
 #pragma once
 
+#include <gtest/gtest.h>
+
+#include <QJsonObject>
 #include <map>
 #include <string>
 #include <vector>
+
+#include "support/TempDir.h"
 
 namespace kartova::test {
 
@@ -18,11 +23,23 @@ CliResult RunCli(const std::vector<std::string>& args,
                  const std::map<std::string, std::string>& environment = {},
                  const std::string& program = KARTOVA_CLI_PATH);
 
-#if defined(__linux__)
-// Runs the tool without Qt in between: the arguments reach it as the bytes they are (names
-// that are no UTF-8, say), and with stderr_on_terminal its standard error is a pseudo
-// terminal, as when a person watches it run.
-CliResult RunCliDirect(const std::vector<std::string>& args, bool stderr_on_terminal = false);
-#endif
+QJsonObject JsonOf(const CliResult& r);
+
+// A directory of its own for every test, with a ROM and a ROM definition file in it; Run
+// passes the definition with --ini.
+class CliTest : public ::testing::Test {
+ protected:
+  CliResult Run(std::vector<std::string> args) const {
+    args.insert(args.begin(), {"--ini", ini});
+    return RunCli(args);
+  }
+  void Write(const std::vector<std::uint8_t>& bytes, const std::string& definition = "") const {
+    WriteFileBytes(rom, bytes);
+    WriteFileText(ini, definition);
+  }
+
+  TempDir dir;
+  std::string rom = dir.File("rom.gbc"), ini = dir.File("rom.ini");
+};
 
 }  // namespace kartova::test

@@ -3,16 +3,11 @@
 #include <QByteArray>
 #include <QJsonArray>
 #include <QJsonDocument>
-#include <QJsonObject>
-
 #include <filesystem>
-#include <string>
-#include <vector>
 
 #include "cli/CliProcess.h"
 #include "cli/DecodedPng.h"
 #include "demo/DemoRom.h"
-#include "support/TempDir.h"
 
 namespace kartova {
 namespace {
@@ -23,16 +18,9 @@ namespace fs = std::filesystem;
 constexpr int kDemoMapCounts[] = {6, 5, 2};
 constexpr int kDemoMaps = 13;
 
-class RenderAllCommandTest : public ::testing::Test {
+class RenderAllCommandTest : public test::CliTest {
  protected:
-  RenderAllCommandTest() {
-    test::WriteFileBytes(rom, BuildDemoRom());
-    test::WriteFileText(ini, DemoDefinitionIni());
-  }
-  test::CliResult Run(std::vector<std::string> args) const {
-    args.insert(args.begin(), {"--ini", ini});
-    return test::RunCli(args);
-  }
+  RenderAllCommandTest() { Write(BuildDemoRom(), DemoDefinitionIni()); }
   static QJsonArray Index(const std::string& dir) {
     return QJsonDocument::fromJson(QByteArray::fromStdString(test::ReadFileText(dir + "/index.json"))).array();
   }
@@ -43,9 +31,6 @@ class RenderAllCommandTest : public ::testing::Test {
       files[entry.path().filename().string()] = test::ReadFileText(entry.path().string());
     return files;
   }
-
-  test::TempDir dir;
-  std::string rom = dir.File("demo.gbc"), ini = dir.File("demo.ini");
 };
 
 TEST_F(RenderAllCommandTest, RendersEveryMapAsRenderDoesAndIndexesThem) {
@@ -165,17 +150,16 @@ TEST_F(RenderAllCommandTest, WrongOutputDirectoriesAndUsage) {
 }
 
 #if defined(__linux__)
-TEST_F(RenderAllCommandTest, ShowsProgressOnlyOnATerminal) {
-  const std::string out = dir.File("out");
-  test::CliResult r = test::RunCliDirect({"--ini", ini, "render-all", rom, out, "--jobs", "2"}, true);
-  ASSERT_EQ(r.status, 0) << r.err;
-  EXPECT_NE(r.err.find("\r  1/13 maps"), std::string::npos) << r.err;
-  EXPECT_NE(r.err.find("\r  13/13 maps"), std::string::npos) << r.err;
-  EXPECT_EQ(r.err.find("14/"), std::string::npos) << r.err;
-
-  r = test::RunCliDirect({"--ini", ini, "render-all", rom, out});
-  ASSERT_EQ(r.status, 0);
-  EXPECT_EQ(r.err, "");
+// On a pseudo terminal (made by script(1)) progress lines appear; on a pipe there are none, as
+// the first test shows.
+TEST_F(RenderAllCommandTest, ShowsProgressOnATerminal) {
+  const std::string command = "'" KARTOVA_CLI_PATH "' --ini '" + ini + "' render-all '" + rom + "' '" +
+                              dir.File("out") + "' --jobs 2";
+  const test::CliResult r = test::RunCli({"-qec", command, "/dev/null"}, {}, "script");
+  ASSERT_EQ(r.status, 0) << r.out;
+  EXPECT_NE(r.out.find("\r  1/13 maps"), std::string::npos) << r.out;
+  EXPECT_NE(r.out.find("\r  13/13 maps"), std::string::npos) << r.out;
+  EXPECT_EQ(r.out.find("14/"), std::string::npos) << r.out;
 }
 #endif
 

@@ -152,7 +152,6 @@ TEST_F(GraphicsDecompressorFileTest, FileAndMemoryAgreeOnRandomStreams) {
   }
 }
 
-
 // Compresses, checks the end mark and the decompressed length, and returns the stream and
 // what decompression gives back.
 std::pair<Bytes, Bytes> RoundTrip(const Bytes& data) {
@@ -189,27 +188,17 @@ Bytes MixedData(std::mt19937& rng, std::size_t size) {
   Bytes data;
   auto pick = [&](std::size_t n) { return rng() % n; };
   while (data.size() < size) {
-    const std::size_t len = 1 + pick(pick(4) == 0 ? 1100 : 40);
+    const std::size_t len = 1 + pick(pick(4) == 0 ? 1100 : 40), kind = pick(7);
     Bytes piece;
-    switch (pick(7)) {
-      case 0:
-        piece.assign(len, 0);
-        break;
-      case 1:
-        piece.assign(len, static_cast<std::uint8_t>(rng()));
-        break;
-      case 2:
-        for (std::size_t k = 0; k < len; ++k) piece.push_back(k % 2 ? 0xF0 : 0x0F);
-        break;
-      case 3:
-        piece = RandomBytes(rng, len);
-        break;
-      default:
-        if (data.empty()) break;
-        const std::size_t from = pick(data.size());
-        piece.assign(data.begin() + from, data.begin() + std::min(data.size(), from + len));
-        if (pick(3) == 0) std::reverse(piece.begin(), piece.end());
-        if (pick(3) == 0) std::transform(piece.begin(), piece.end(), piece.begin(), ReverseBits);
+    if (kind == 0) piece.assign(len, 0);
+    if (kind == 1) piece.assign(len, static_cast<std::uint8_t>(rng()));
+    for (std::size_t k = 0; kind == 2 && k < len; ++k) piece.push_back(k % 2 ? 0xF0 : 0x0F);
+    if (kind == 3) piece = RandomBytes(rng, len);
+    if (kind > 3 && !data.empty()) {
+      const std::size_t from = pick(data.size());
+      piece.assign(data.begin() + from, data.begin() + std::min(data.size(), from + len));
+      if (pick(3) == 0) std::reverse(piece.begin(), piece.end());
+      if (pick(3) == 0) std::transform(piece.begin(), piece.end(), piece.begin(), ReverseBits);
     }
     data.insert(data.end(), piece.begin(), piece.end());
   }

@@ -5,6 +5,7 @@
 
 #include "demo/DemoRom.h"
 #include "maps/RomDocument.h"
+#include "rom/RuntimeError.h"
 #include "support/MemorySettings.h"
 #include "support/TempDir.h"
 
@@ -157,6 +158,64 @@ TEST_F(RomDocumentSaveTest, AFailedSaveChangesNothingAndSaveAsCopiesWithTheEdits
   fs::remove(copy);  // gone behind the document's back: not rebuilt from one map
   EXPECT_THROW(doc.SaveRomAs(copy), FileWriteError);
   EXPECT_FALSE(fs::exists(copy));
+}
+
+// A save cut off at any step leaves the ROM on disk as it was, byte for byte, with nothing else
+// in the folder; the first save that gets through writes it as the edits make it.
+TEST_F(RomDocumentSaveTest, ASaveCutOffAtAnyStepLeavesTheOldFileAndTheNextOneTheNew) {
+  Open(demo.bytes, 2, 1);  // the harbour, 30 x 20: a border, a row of blocks and a person edited
+  SecondaryHeaderBuffer secondary = doc.Secondary();
+  secondary.bytes[0] ^= 0x01;
+  doc.EditHeaders(doc.Primary(), secondary, "Rand");
+  for (int x = 0; x < doc.MapWidth(); ++x) doc.PaintCell(kM + x, kM, 0x21);
+  doc.EndStroke();
+  std::vector<std::uint8_t> person(doc.Events().Record(kEventPeople, 0).begin(),
+                                   doc.Events().Record(kEventPeople, 0).end());
+  person[0] ^= 0x40;
+  doc.EditEventRecord(kEventPeople, 0, person, "Bild");
+  Bytes expected = demo.bytes;
+  ApplyRegions(expected, doc.SaveRegions(kReloadFull).regions);
+  ASSERT_NE(expected, demo.bytes);
+
+  for (int fail_at = 1;; ++fail_at) {
+    SCOPED_TRACE(fail_at);
+    for (int err : {ENOSPC, EIO}) {
+      int step = 0;
+      doc.SetWriteFaultHook([&](WriteStep) { return ++step == fail_at ? err : 0; });
+      bool saved = true;
+      try {
+        doc.SaveRom(kReloadFull);
+      } catch (const FileWriteError& error) {
+        saved = false;
+        EXPECT_FALSE(error.reason().empty());
+      }
+      EXPECT_EQ(std::distance(fs::directory_iterator(dir.path()), {}), 1) << "a temporary file was left behind";
+      if (saved) {
+        EXPECT_EQ(OnDisk(), expected);
+        EXPECT_FALSE(doc.IsModified());
+        return;
+      }
+      ASSERT_EQ(OnDisk(), demo.bytes);
+      EXPECT_TRUE(doc.IsModified());
+    }
+    ASSERT_LT(fail_at, 64) << "the save never got through";
+  }
+}
+
+// Found by fuzzing the saves: a map 0 blocks wide whose rows point past the end of the file
+// has nothing to write there, and the file keeps its length.
+TEST_F(RomDocumentSaveTest, AMapWithoutRowsWritesNothingPastTheEnd) {
+  Bytes bytes = demo.bytes;
+  Set(bytes, demo.layout.Map(1, 1).secondary_header + 2, 0);     // width
+  Set(bytes, demo.layout.Map(1, 1).secondary_header + 3, 0xFF);  // rows in bank 0xFF
+  try {
+    Open(bytes);
+  } catch (const RuntimeError&) {
+    // the neighbours' strips no longer fit a map of no width; the map itself is loaded
+  }
+  ASSERT_TRUE(doc.MapLoaded());
+  doc.SaveRom(kReloadMapOnly);
+  EXPECT_EQ(OnDisk(), bytes);
 }
 
 TEST_F(RomDocumentSaveTest, WildSizesSaveExportAndImportWithoutHarm) {

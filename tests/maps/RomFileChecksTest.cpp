@@ -101,6 +101,26 @@ TEST_F(RomFileChecksTest, AFileJustLargeEnoughForTheTableOpens) {
   EXPECT_EQ(doc.MapCountPerBank(), MapCounts{});
   EXPECT_EQ(doc.MapNames()[94], "");
   EXPECT_FALSE(doc.MapLoaded());
+  doc.LoadSelectedMap(0, 0);  // a bank without maps: zeros to read
+  EXPECT_EQ(doc.Primary().bytes, PrimaryHeaderBuffer{}.bytes);
+}
+
+// Refused only later, by its definition or by the count of a bank's maps.
+TEST_F(RomFileChecksTest, ARomWhoseDefinitionOrCountFailsIsRefused) {
+  const PrimaryHeaderBuffer primary = doc.Primary();
+  const std::string other = dir.File("other.gbc");
+  test::WriteFileBytes(other, RomBuilder().Map(5, {}).Build());
+  settings.Set("Settings", "HeaderLengthA", "31");
+  EXPECT_THROW(doc.OpenRom(other, settings), RuntimeError);
+  settings.Set("Settings", "HeaderLengthA", "9");
+  Bytes crowded(0x98000, 0);  // every bank's list holds 300 maps: the count overflows
+  for (int b = 0; b < kMapBankCount; ++b) crowded[0x940EE + 2 * b] = 0x60;
+  for (int i = 0; i < 300; ++i) crowded[0x96000 + 9 * i + 4] = 0x40;
+  test::WriteFileBytes(other, crowded);
+  EXPECT_THROW(doc.OpenRom(other, settings), RuntimeError);
+  ExpectPreviousRomKept();
+  EXPECT_EQ(doc.HeaderLength(), 9);
+  EXPECT_EQ(doc.Primary().bytes, primary.bytes);
 }
 
 TEST_F(RomFileChecksTest, NamesWithoutTerminatorsAreReadOnceOrOverflowAtOnce) {

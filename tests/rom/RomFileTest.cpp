@@ -9,8 +9,12 @@
 namespace kartova {
 namespace {
 
-TEST(RomFileTest, AMissingPathIsCreatedEmptyAndReadsZeros) {
+class RomFileTest : public ::testing::Test {
+ protected:
   test::TempDir dir;
+};
+
+TEST_F(RomFileTest, AMissingPathIsCreatedEmptyAndReadsZeros) {
   RomFile f = RomFile::OpenForRead(dir.File("new.gbc"));
   EXPECT_TRUE(std::filesystem::exists(dir.File("new.gbc")));
   EXPECT_EQ(f.Size(), 0);
@@ -18,8 +22,7 @@ TEST(RomFileTest, AMissingPathIsCreatedEmptyAndReadsZeros) {
   EXPECT_EQ(f.ReadByte() + f.ReadWord(), 0);
 }
 
-TEST(RomFileTest, ReadsLittleEndianFromSharedPagesAndLeavesBytesPastTheEndAlone) {
-  test::TempDir dir;
+TEST_F(RomFileTest, ReadsLittleEndianFromSharedPagesAndLeavesBytesPastTheEndAlone) {
   std::vector<std::uint8_t> bytes(5000);
   for (size_t i = 0; i < bytes.size(); ++i) bytes[i] = static_cast<std::uint8_t>(i * 7);
   test::WriteFileBytes(dir.File("rom.gbc"), bytes);
@@ -38,8 +41,7 @@ TEST(RomFileTest, ReadsLittleEndianFromSharedPagesAndLeavesBytesPastTheEndAlone)
   EXPECT_EQ(f.ReadByte(), 0);
 }
 
-TEST(RomFileTest, WritesInPlaceOrFailOnADeadHandle) {
-  test::TempDir dir;
+TEST_F(RomFileTest, WritesInPlaceOrFailOnADeadHandle) {
   test::WriteFileBytes(dir.File("rom.gbc"), std::vector<std::uint8_t>(16, 0));
   RomFile f = RomFile::OpenForWrite(dir.File("rom.gbc"));
   f.Seek(4);
@@ -59,8 +61,7 @@ TEST(RomFileTest, WritesInPlaceOrFailOnADeadHandle) {
   EXPECT_FALSE(w.Close());
 }
 
-TEST(RomFileTest, OpenExistingNeverCreatesAFile) {
-  test::TempDir dir;
+TEST_F(RomFileTest, OpenExistingNeverCreatesAFile) {
   RomFile f = RomFile::OpenExisting(dir.File("fehlt.gbc"));
   EXPECT_FALSE(f.IsOpen());
   EXPECT_FALSE(std::filesystem::exists(dir.File("fehlt.gbc")));
@@ -69,8 +70,7 @@ TEST(RomFileTest, OpenExistingNeverCreatesAFile) {
   EXPECT_EQ(f.Find(0, 100, all), 0);
 }
 
-TEST(RomFileTest, FindStopsAtTheFirstByteOfTheSetBeforeLimitAndEndOfFile) {
-  test::TempDir dir;
+TEST_F(RomFileTest, FindStopsAtTheFirstByteOfTheSetBeforeLimitAndEndOfFile) {
   std::vector<std::uint8_t> bytes(300000, 0x7F);
   bytes[5] = bytes[4096] = bytes[200000] = 0x50;
   bytes[299999] = 0x51;

@@ -15,9 +15,13 @@ using namespace std::string_literals;
 using test::ReadFileText;
 using test::WriteFileText;
 
-TEST(IniFileTest, ReadsHandWrittenFilesByTheProfileRules) {
+class IniFileTest : public ::testing::Test {
+ protected:
   test::TempDir dir;
-  const IniFile ini(dir.File("Kartova.ini"));
+  const IniFile ini{dir.File("Kartova.ini")};
+};
+
+TEST_F(IniFileTest, ReadsHandWrittenFilesByTheProfileRules) {
   EXPECT_EQ(ini.Read("Settings", "k", "def"), "def");  // no file yet
   WriteFileText(ini.path(),
                 "top=0\r\n"
@@ -47,9 +51,7 @@ TEST(IniFileTest, ReadsHandWrittenFilesByTheProfileRules) {
   EXPECT_EQ(ini.Read("gr\xC3\xBCn", "ST\xC3\x84" "DTE", ""), "Stra\xC3\x9F" "e \xE2\x82\xAC");
 }
 
-TEST(IniFileTest, GarbageBinaryBytesAndOddPathsNeverBreakReads) {
-  test::TempDir dir;
-  const IniFile ini(dir.File("Kartova.ini"));
+TEST_F(IniFileTest, GarbageBinaryBytesAndOddPathsNeverBreakReads) {
   std::string garbage = "\xFF\xFE\x00\x01[[[]]]\n=novalue\n[\n]\n\0\0\n"s;
   for (int b = 0; b < 256; ++b) garbage += static_cast<char>(b);
   WriteFileText(ini.path(), garbage + "\n[S]\nk=v\0tail\nz=\xC3\n"s);
@@ -64,9 +66,7 @@ TEST(IniFileTest, GarbageBinaryBytesAndOddPathsNeverBreakReads) {
   EXPECT_FALSE(IniFile(dir.File("no/such/dir/Kartova.ini")).Write("S", "k", "v"));
 }
 
-TEST(IniFileTest, WritesChangeOnlyTheirOwnLine) {
-  test::TempDir dir;
-  const IniFile ini(dir.File("Kartova.ini"));
+TEST_F(IniFileTest, WritesChangeOnlyTheirOwnLine) {
   ASSERT_TRUE(ini.Write("Settings", "DefaultPropertyPath", "ini"));
   ASSERT_TRUE(ini.Write("Other", "k", "line1\nline2"));
   EXPECT_EQ(ReadFileText(ini.path()),
@@ -96,9 +96,7 @@ TEST(IniFileTest, WritesChangeOnlyTheirOwnLine) {
   }
 }
 
-TEST(IniFileTest, WriteToAReadOnlyFileFails) {
-  test::TempDir dir;
-  const IniFile ini(dir.File("Kartova.ini"));
+TEST_F(IniFileTest, WriteToAReadOnlyFileFails) {
   WriteFileText(ini.path(), "[S]\nk=old\n");
   std::filesystem::permissions(ini.path(), std::filesystem::perms::owner_read);
   if (std::ofstream(ini.path(), std::ios::app)) GTEST_SKIP() << "rights ignore read-only files";

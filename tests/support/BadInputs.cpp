@@ -37,19 +37,14 @@ std::string Replaced(std::string text, const std::string& from, const std::strin
 
 constexpr char kBinaryLines[] = "\x01\xFF\x00=\x00\n[halb\nTilesetNames\n=\n";
 
-std::uint8_t Lo(std::uint16_t w) { return static_cast<std::uint8_t>(w & 0xFF); }
-std::uint8_t Hi(std::uint16_t w) { return static_cast<std::uint8_t>(w >> 8); }
-
 std::vector<BadInput> Build() {
   const BuiltRom demo = DemoRomBuilder().BuildWithLayout();
   const Bytes& rom = demo.bytes;
   const MapLayout& m11 = demo.layout.Map(1, 1);
-  const std::int64_t primary = m11.primary_header;
-  const std::int64_t secondary = m11.secondary_header;
-  const int width = rom[static_cast<std::size_t>(secondary + 2)];
-  const int height = rom[static_cast<std::size_t>(secondary + 1)];
-  const std::string ini = DemoDefinitionIni();
-  const std::string section = "[" + DemoDefinitionSection() + "]\n";
+  const std::int64_t primary = m11.primary_header, secondary = m11.secondary_header;
+  const int width = rom[static_cast<std::size_t>(secondary + 2)], height = rom[static_cast<std::size_t>(secondary + 1)];
+  const auto last_bank = static_cast<std::uint8_t>(rom.size() / kBankSize - 1);
+  const std::string ini = DemoDefinitionIni(), section = "[" + DemoDefinitionSection() + "]\n";
 
   std::vector<BadInput> list;
   auto add = [&](std::string name, std::string what, Bytes bytes, std::optional<std::string> own_ini = {}) {
@@ -79,25 +74,19 @@ std::vector<BadInput> Build() {
   list.push_back({"Zeros64MiB", "64 MiB of zero bytes (sparse)", {}, std::uint64_t{64} << 20, {}});
 
   // The map bank table.
-  Bytes group0 = rom, groupF = rom;
-  for (int b = 0; b < kMapBankCount; ++b) {
-    group0[static_cast<std::size_t>(kMapGroupTableOffset + 2 * b)] = 0x00;
-    group0[static_cast<std::size_t>(kMapGroupTableOffset + 2 * b + 1)] = 0x00;
-    groupF[static_cast<std::size_t>(kMapGroupTableOffset + 2 * b)] = 0xFF;
-    groupF[static_cast<std::size_t>(kMapGroupTableOffset + 2 * b + 1)] = 0xFF;
+  for (std::uint8_t fill : {0x00, 0xFF}) {
+    add(fill ? "GroupTableFFFF" : "GroupTable0000", fill ? "every map group pointer is 0xFFFF" : "every map group pointer is 0x0000",
+        Patched(rom, kMapGroupTableOffset, Bytes(2 * kMapBankCount, fill)));
   }
-  add("GroupTable0000", "every map group pointer is 0x0000", group0);
-  add("GroupTableFFFF", "every map group pointer is 0xFFFF", groupF);
 
   // The ROM definition.
   const std::string length9 = "HeaderLengthA=9\n";
-  demo_ini("HeaderLength0", "HeaderLengthA=0", Replaced(ini, length9, "HeaderLengthA=0\n"));
-  demo_ini("HeaderLength30", "HeaderLengthA=30 for headers of 9 bytes", Replaced(ini, length9, "HeaderLengthA=30\n"));
-  demo_ini("HeaderLength31", "HeaderLengthA=31", Replaced(ini, length9, "HeaderLengthA=31\n"));
-  demo_ini("HeaderLengthFFFF", "HeaderLengthA=FFFF", Replaced(ini, length9, "HeaderLengthA=FFFF\n"));
-  demo_ini("HeaderLength65535", "HeaderLengthA=65535", Replaced(ini, length9, "HeaderLengthA=65535\n"));
-  demo_ini("HeaderLengthMinus1", "HeaderLengthA=-1", Replaced(ini, length9, "HeaderLengthA=-1\n"));
-  demo_ini("HeaderLengthGarbage", "HeaderLengthA=neun", Replaced(ini, length9, "HeaderLengthA=neun\n"));
+  for (const auto& [name, value] : {std::pair{"HeaderLength0", "0"}, {"HeaderLength30", "30"}, {"HeaderLength31", "31"},
+                                    {"HeaderLengthFFFF", "FFFF"}, {"HeaderLength65535", "65535"},
+                                    {"HeaderLengthMinus1", "-1"}, {"HeaderLengthGarbage", "neun"}}) {
+    const std::string line = "HeaderLengthA=" + std::string(value);
+    demo_ini(name, line + " for headers of 9 bytes", Replaced(ini, length9, line + "\n"));
+  }
   add("HeaderLength9For30", "HeaderLengthA=9 for a ROM whose headers are 30 bytes long",
       DemoRomBuilder().HeaderLength(30).Build());
   demo_ini("IniHugeNumbers", "MapNameTable and TilesetBase beyond any file, HeaderLengthA beyond int",
@@ -113,90 +102,63 @@ std::vector<BadInput> Build() {
   demo_ini("IniMissingSection", "the definition section left out, only the name lists",
            Replaced(ini, section + length9, "[Anders]\n"));
   demo_ini("IniEmpty", "an empty INI file", "");
-  {
-    std::string garbage(4096, '\0');
-    const Bytes random = RandomBytes(garbage.size(), 3);
-    std::copy(random.begin(), random.end(), garbage.begin());
-    demo_ini("IniBinaryGarbage", "4 KiB of random bytes instead of an INI", garbage);
-    demo_ini("IniGarbageInSection", "binary bytes, NULs and an unfinished section header in the definition",
-             Replaced(ini, length9, length9 + std::string(kBinaryLines, sizeof kBinaryLines - 1) +
-                                        garbage.substr(0, 200) + "\n"));
-  }
+  const Bytes random = RandomBytes(4096, 3);
+  const std::string garbage(random.begin(), random.end());
+  demo_ini("IniBinaryGarbage", "4 KiB of random bytes instead of an INI", garbage);
+  demo_ini("IniGarbageInSection", "binary bytes, NULs and an unfinished section header in the definition",
+           Replaced(ini, length9, length9 + std::string(kBinaryLines, sizeof kBinaryLines - 1) +
+                                      garbage.substr(0, 200) + "\n"));
   demo_ini("NameListHugeCount", "the tileset name list claims 0x7FFFFFFF entries",
            Replaced(ini, "[DemoTilesets]\n", "[DemoTilesets]\ncount=7FFFFFFF\n"));
 
   // Map 1.1's headers.
   demo_with("Tileset0xFF", "map 1.1 names tileset 0xFF (ends the map count of bank 1)", primary + 1, {0xFF});
   demo_with("Tileset0x28", "map 1.1 names tileset 0x28, the last counted, which the table lacks", primary + 1, {0x28});
-  {
-    Bytes bytes = Patched(rom, primary, {0x7F});
-    bytes[static_cast<std::size_t>(primary + 4)] = 0xFF;
-    add("SecondaryPastEnd", "map 1.1's secondary header pointer with bit 15 set, in ROM bank 0x7F", bytes);
-  }
+  add("SecondaryPastEnd", "map 1.1's secondary header pointer with bit 15 set, in ROM bank 0x7F",
+      Patched(Patched(rom, primary, {0x7F}), primary + 4, {0xFF}));
   demo_with("Width0", "map 1.1 is 0 blocks wide", secondary + 2, {0});
   demo_with("Height0", "map 1.1 is 0 blocks high", secondary + 1, {0});
   demo_with("Size255", "map 1.1 is 255 x 255 blocks", secondary + 1, {255, 255});
   demo_with("BlocksPastEnd", "map 1.1's blocks in ROM bank 0xFF, past the end of the file", secondary + 3, {0xFF});
-  demo_with("BlocksAtLastByte", "map 1.1's blocks start at the file's last byte", secondary + 3,
-            {static_cast<std::uint8_t>(rom.size() / kBankSize - 1), 0xFF, 0x7F});
+  demo_with("BlocksAtLastByte", "map 1.1's blocks start at the file's last byte", secondary + 3, {last_bank, 0xFF, 0x7F});
   demo_with("ScriptBank0xFF", "map 1.1's scripts and events in ROM bank 0xFF", secondary + 6, {0xFF});
   demo_with("EventsAtLastByte", "map 1.1's event header in the last bank at 0x7FFE: counts read past the end",
-            secondary + 6, {static_cast<std::uint8_t>(rom.size() / kBankSize - 1), 0xFE, 0x7F, 0xFE, 0x7F});
+            secondary + 6, {last_bank, 0xFE, 0x7F, 0xFE, 0x7F});
   demo_with("EventCounts255", "map 1.1 claims 255 warps", m11.event_header + 2, {0xFF});
   demo_with("ScriptCounts255", "map 1.1 claims 255 enter scripts", m11.script_header, {0xFF});
 
-  // Connections of map 1.1: one north record naming whatever the case names.
+  // Connections of map 1.1: one north record (source 0x4000, destination 0xC703) naming
+  // whatever the case names.
   auto connection = [&](std::string name, std::string what, Bytes record) {
-    Bytes bytes = rom;
-    bytes[static_cast<std::size_t>(secondary + 11)] = 0x08;
-    std::copy(record.begin(), record.end(), bytes.begin() + secondary + 12);
-    add(std::move(name), std::move(what), std::move(bytes));
+    add(std::move(name), std::move(what), Patched(Patched(rom, secondary + 11, {0x08}), secondary + 12, record));
   };
-  const std::uint16_t src = 0x4000, dst = 0xC703;
-  connection("ConnectionBank0", "a north connection to map bank 0",
-             {0, 1, Lo(src), Hi(src), Lo(dst), Hi(dst), 4, 4, 0, 0, 0, 0});
-  connection("ConnectionBank27", "a north connection to map bank 27",
-             {27, 1, Lo(src), Hi(src), Lo(dst), Hi(dst), 4, 4, 0, 0, 0, 0});
-  connection("ConnectionMap0", "a north connection to map 1.0",
-             {1, 0, Lo(src), Hi(src), Lo(dst), Hi(dst), 4, 4, 0, 0, 0, 0});
-  connection("ConnectionMap255", "a north connection to map 1.255",
-             {1, 255, Lo(src), Hi(src), Lo(dst), Hi(dst), 4, 4, 0, 0, 0, 0});
+  for (const auto& [name, bank, map] : {std::tuple{"ConnectionBank0", 0, 1}, {"ConnectionBank27", 27, 1},
+                                        {"ConnectionMap0", 1, 0}, {"ConnectionMap255", 1, 255}}) {
+    connection(name, "a north connection to map " + std::to_string(bank) + "." + std::to_string(map),
+               {static_cast<std::uint8_t>(bank), static_cast<std::uint8_t>(map), 0x00, 0x40, 0x03, 0xC7, 4, 4, 0, 0, 0, 0});
+  }
   connection("ConnectionOutsideGrid", "a north connection whose destination and strip lie far outside the grid",
              {1, 1, 0xFF, 0xFF, 0xFF, 0xFF, 255, 255, 0xFF, 0xFF, 0xFF, 0xFF});
   connection("ConnectionFlagsAll", "all four connection flags set, the records being whatever follows",
-             {1, 1, Lo(src), Hi(src), 0x00, 0x00, 0, 0, 0, 0, 0, 0});
-  {
-    Bytes bytes = rom;
-    bytes[static_cast<std::size_t>(secondary + 11)] = 0xFF;
-    add("ConnectionFlags0xFF", "connection flag byte 0xFF on map 1.1", bytes);
-  }
+             {1, 1, 0x00, 0x40, 0x00, 0x00, 0, 0, 0, 0, 0, 0});
+  demo_with("ConnectionFlags0xFF", "connection flag byte 0xFF on map 1.1", secondary + 11, {0xFF});
 
   // Location names.
-  {
-    RomBuilder builder = DemoRomBuilder();
-    builder.RawLocationName(0, Bytes(300, 0x80)).RawLocationName(94, Bytes(40, 0x81));
-    add("NamesWithoutTerminator", "location names 0 and 94 without a terminator", builder.Build());
-  }
-  {
-    Bytes bytes = rom;
-    std::fill_n(bytes.begin() + 0x92384, 2 * 95, 0xFF);
-    add("NamePointersFFFF", "every location-name pointer is 0xFFFF (the bank's last byte, no terminator)", bytes);
-  }
+  add("NamesWithoutTerminator", "location names 0 and 94 without a terminator",
+      DemoRomBuilder().RawLocationName(0, Bytes(300, 0x80)).RawLocationName(94, Bytes(40, 0x81)).Build());
+  add("NamePointersFFFF", "every location-name pointer is 0xFFFF (the bank's last byte, no terminator)",
+      Patched(rom, 0x92384, Bytes(2 * 95, 0xFF)));
   {
     // The last bank's end holds no terminator: the name pointer table set there.
     Bytes bytes = rom;
     const std::int64_t last = static_cast<std::int64_t>(bytes.size()) - 0x100;
     std::fill(bytes.begin() + last, bytes.end(), 0x80);
-    for (int i = 0; i < 95; ++i) {
-      bytes[static_cast<std::size_t>(last + 2 * i)] = 0xFE;
-      bytes[static_cast<std::size_t>(last + 2 * i + 1)] = 0x7F;
-    }
+    for (int i = 0; i < 95; ++i) bytes[static_cast<std::size_t>(last + 2 * i)] = 0xFE;
+    for (int i = 0; i < 95; ++i) bytes[static_cast<std::size_t>(last + 2 * i + 1)] = 0x7F;
+    char table[16];
+    std::snprintf(table, sizeof table, "%llX", static_cast<unsigned long long>(last));
     add("NamesRunOffTheEnd", "MapNameTable in the last bank; every name starts 2 bytes before the end, unterminated",
-        bytes, Replaced(ini, "MapNameTable=92384", "MapNameTable=" + [&] {
-          char text[16];
-          std::snprintf(text, sizeof text, "%llX", static_cast<unsigned long long>(last));
-          return std::string(text);
-        }()));
+        bytes, Replaced(ini, "MapNameTable=92384", std::string("MapNameTable=") + table));
   }
   return list;
 }
@@ -208,11 +170,7 @@ const std::vector<BadInput>& BadInputs() {
   return list;
 }
 
-const BadInput& BadInputNamed(const std::string& name) {
-  for (const BadInput& input : BadInputs())
-    if (input.name == name) return input;
-  throw std::logic_error("BadInputs: no case " + name);
-}
+BadInput IntactDemoInput() { return {"IntactDemo", "the demo as built", BuildDemoRom(), 0, {}}; }
 
 void WriteBadInput(const BadInput& input, const std::string& path) {
   WriteFileBytes(path, input.bytes);

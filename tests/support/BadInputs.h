@@ -1,5 +1,7 @@
 #pragma once
 
+#include <gtest/gtest.h>
+
 #include <cstdint>
 #include <optional>
 #include <ostream>
@@ -20,13 +22,15 @@ struct BadInput {
   std::optional<std::string> ini;
 };
 
-// Shows the case by its name in test output.
+// Shows the case by its name in test output and test names.
 inline void PrintTo(const BadInput& input, std::ostream* os) { *os << input.name; }
+inline std::string BadInputName(const ::testing::TestParamInfo<BadInput>& info) { return info.param.name; }
 
 // The catalogue, built once (from the demo ROM and RomBuilder patches; random data with a
 // fixed seed).
 const std::vector<BadInput>& BadInputs();
-const BadInput& BadInputNamed(const std::string& name);
+// The demo as built, the control case: every command and the window must get through it quietly.
+BadInput IntactDemoInput();
 
 // Writes the case's ROM image to path.
 void WriteBadInput(const BadInput& input, const std::string& path);

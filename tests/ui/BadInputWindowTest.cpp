@@ -1,13 +1,6 @@
-#include <gtest/gtest.h>
-
-#include <QStringList>
-
 #include <algorithm>
-#include <string>
-#include <vector>
 
 #include "EditorFixture.h"
-#include "demo/DemoRom.h"
 #include "support/BadInputs.h"
 
 namespace kartova::test {
@@ -83,11 +76,8 @@ TEST_P(BadInputWindowTest, TheWindowSurvivesAndNeverWritesTheSource) {
   }
 }
 
-INSTANTIATE_TEST_SUITE_P(BadInputControl, BadInputWindowTest,
-                         ::testing::Values(BadInput{"IntactDemo", "the demo as built", BuildDemoRom(), 0, {}}),
-                         [](const ::testing::TestParamInfo<BadInput>& info) { return info.param.name; });
-INSTANTIATE_TEST_SUITE_P(BadInput, BadInputWindowTest, ::testing::ValuesIn(BadInputs()),
-                         [](const ::testing::TestParamInfo<BadInput>& info) { return info.param.name; });
+INSTANTIATE_TEST_SUITE_P(BadInputControl, BadInputWindowTest, ::testing::Values(IntactDemoInput()), BadInputName);
+INSTANTIATE_TEST_SUITE_P(BadInput, BadInputWindowTest, ::testing::ValuesIn(BadInputs()), BadInputName);
 
 }  // namespace
 }  // namespace kartova::test

@@ -23,8 +23,7 @@ class BlockChooserViewTest : public EditorTest {
 TEST_F(BlockChooserViewTest, NothingIsPickedBeforeTheFirstMap) {
   StartEditor();
   Move({40, 40});
-  Press({40, 40});
-  Release({40, 40});
+  ClickOn(Picture(), {40, 40});
   EXPECT_EQ(Panel(4), "Block: ");
   EXPECT_EQ(Panel(5), "Auswahl: ");
   EXPECT_EQ(Chooser().SelectedBlock(), 0);
@@ -68,8 +67,7 @@ TEST_F(BlockChooserViewTest, ScrollingRedrawsAndMovesTheMarkersByTheChoosersRule
   EXPECT_TRUE(bar->isEnabled());
   EXPECT_EQ(bar->maximum(), 128 * 32 - Picture()->height());
   Move({40, 40});
-  Press({40, 40});
-  Release({40, 40});
+  ClickOn(Picture(), {40, 40});
   ASSERT_EQ(Chooser().SelectedBlock(), 3);
 
   // The hover text follows the scroll without a mouse move: the same spot shows another block.

@@ -55,14 +55,7 @@ class EventViewTest : public EditorTest {
     MoveTo(from + by);
     Release(from + by);
   }
-  // A double click comes from Qt as press, release, double click, release.
-  void ClickAt(QPoint p, bool twice = false) {
-    Press(p);
-    Release(p);
-    if (!twice) return;
-    QTest::mouseDClick(picture_, Qt::LeftButton, {}, p);
-    Release(p);
-  }
+  void ClickAt(QPoint p, bool twice = false) { ClickOn(picture_, p, Qt::LeftButton, twice); }
   // The scroll values that put an event's cell well inside the picture, and scrolling there.
   std::pair<int, int> Centre(int kind, int index) const {
     const ScrollPair centre =

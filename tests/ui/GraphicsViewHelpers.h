@@ -2,6 +2,7 @@
 
 #include <QImage>
 #include <QScrollBar>
+#include <QTest>
 #include <QWidget>
 
 #include "gfx/BlockSet.h"
@@ -10,6 +11,15 @@
 #include "ui/MapView.h"
 
 namespace kartova::test {
+
+// A click on widget at p; a double click comes from Qt as press, release, double click, release.
+inline void ClickOn(QWidget* widget, QPoint p, Qt::MouseButton button = Qt::LeftButton, bool twice = false) {
+  QTest::mousePress(widget, button, {}, p);
+  QTest::mouseRelease(widget, button, {}, p);
+  if (!twice) return;
+  QTest::mouseDClick(widget, button, {}, p);
+  QTest::mouseRelease(widget, button, {}, p);
+}
 
 // What a picture box shows now, painted as the screen would.
 inline QImage Shot(QWidget* widget) { return widget->grab().toImage(); }

@@ -49,14 +49,9 @@ class MapEditorTest : public EditorTest {
   void Move(int x, int y) { QTest::mouseMove(picture_, At(x, y)); }
   void Press(Qt::MouseButton b, int x, int y) { QTest::mousePress(picture_, b, {}, At(x, y)); }
   void Release(Qt::MouseButton b, int x, int y) { QTest::mouseRelease(picture_, b, {}, At(x, y)); }
-  // A double click comes from Qt as press, release, double click, release.
   void ClickCell(Qt::MouseButton b, int x, int y, bool twice = false) {
     Move(x, y);
-    Press(b, x, y);
-    Release(b, x, y);
-    if (!twice) return;
-    QTest::mouseDClick(picture_, b, {}, At(x, y));
-    Release(b, x, y);
+    ClickOn(picture_, At(x, y), b, twice);
   }
   void ExpectCellShown(int x, int y) {
     const QPoint p = At(x, y);
