@@ -21,7 +21,9 @@ namespace kartova::bench {
 
 class QuietPrompter : public Prompter {
  public:
-  Answer Message(const QString&, const QString&, Buttons, Icon) override { return Answer::kNo; }
+  Answer Message(const QString&, const QString&, Buttons, Icon, const QString&) override {
+    return Answer::kNo;
+  }
   std::optional<QString> OpenFile(const QString&, const QString&, const QStringList&) override { return {}; }
   std::optional<QString> SaveFile(const QString&, const QString&, const QStringList&) override { return {}; }
   void OpenDocument(const QString&) override {}

@@ -19,8 +19,11 @@ class Prompter {
 
   virtual ~Prompter() = default;
 
+  // detail, when given, is shown below the text on request (what was being done, on which
+  // file); the text itself stays the box's message.
   virtual Answer Message(const QString& text, const QString& title = kMessageTitle,
-                         Buttons buttons = Buttons::kOk, Icon icon = Icon::kNone) = 0;
+                         Buttons buttons = Buttons::kOk, Icon icon = Icon::kNone,
+                         const QString& detail = QString()) = 0;
 
   // name_filters in Qt's form ("Map-Dateien (*.map)"); nullopt when the user cancels.
   virtual std::optional<QString> OpenFile(const QString& title, const QString& start_dir,

@@ -70,8 +70,9 @@ std::optional<QString> Chosen(const QString& path) {
 }  // namespace
 
 Prompter::Answer QtPrompter::Message(const QString& text, const QString& title, Buttons buttons,
-                                     Icon icon) {
+                                     Icon icon, const QString& detail) {
   QMessageBox box(ToQt(icon), title, text, ToQt(buttons), parent_);
+  if (!detail.isEmpty()) box.setDetailedText(detail);
   // The editor speaks German, its questions' buttons too.
   const std::pair<QMessageBox::StandardButton, const char*> kGermanButtons[] = {
       {QMessageBox::Yes, "&Ja"}, {QMessageBox::No, "&Nein"}, {QMessageBox::Cancel, "Abbrechen"},

@@ -13,7 +13,8 @@ class QtPrompter : public Prompter {
   // The window the dialogs are centred on and modal to; may be set after construction.
   void set_parent(QWidget* parent) { parent_ = parent; }
 
-  Answer Message(const QString& text, const QString& title, Buttons buttons, Icon icon) override;
+  Answer Message(const QString& text, const QString& title, Buttons buttons, Icon icon,
+                 const QString& detail) override;
   std::optional<QString> OpenFile(const QString& title, const QString& start_dir,
                                   const QStringList& name_filters) override;
   std::optional<QString> SaveFile(const QString& title, const QString& start_dir,

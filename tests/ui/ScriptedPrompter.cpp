@@ -23,8 +23,8 @@ std::optional<ScriptedPrompter::Step> ScriptedPrompter::Next(const Asked& prompt
 }
 
 Prompter::Answer ScriptedPrompter::Message(const QString& text, const QString& title,
-                                           Buttons buttons, Icon icon) {
-  const std::optional<Step> step = Next({Kind::kMessage, text, title, buttons, icon, {}, {}});
+                                           Buttons buttons, Icon icon, const QString& detail) {
+  const std::optional<Step> step = Next({Kind::kMessage, text, title, buttons, icon, {}, {}, detail});
   if (!step) {
     if (buttons == Buttons::kOk) return Answer::kOk;
     return answer_anything && buttons == Buttons::kYesNo ? Answer::kNo : Answer::kCancel;

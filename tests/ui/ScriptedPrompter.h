@@ -27,6 +27,7 @@ class ScriptedPrompter : public Prompter {
     Icon icon;
     QString start_dir;
     QStringList filters;
+    QString detail;  // a message's detailed text
   };
 
   ~ScriptedPrompter() override;
@@ -45,14 +46,15 @@ class ScriptedPrompter : public Prompter {
     script_.push_back({Kind::kSaveFile, {}, {}, path.value_or(QString()), path.has_value()});
   }
 
-  Answer Message(const QString& text, const QString& title, Buttons buttons, Icon icon) override;
+  Answer Message(const QString& text, const QString& title, Buttons buttons, Icon icon,
+                 const QString& detail) override;
   std::optional<QString> OpenFile(const QString& title, const QString& start_dir,
                                   const QStringList& name_filters) override {
-    return FileDialog({Kind::kOpenFile, title, title, Buttons::kOk, Icon::kNone, start_dir, name_filters});
+    return FileDialog({Kind::kOpenFile, title, title, Buttons::kOk, Icon::kNone, start_dir, name_filters, {}});
   }
   std::optional<QString> SaveFile(const QString& title, const QString& start_dir,
                                   const QStringList& name_filters) override {
-    return FileDialog({Kind::kSaveFile, title, title, Buttons::kOk, Icon::kNone, start_dir, name_filters});
+    return FileDialog({Kind::kSaveFile, title, title, Buttons::kOk, Icon::kNone, start_dir, name_filters, {}});
   }
   void OpenDocument(const QString& url) override { documents.push_back(url); }
 
