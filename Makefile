@@ -8,6 +8,8 @@ PACKAGES := cmake ninja-build g++ make qt6-base-dev libgtest-dev libgmock-dev li
 # The install and the .deb: the icon's PNG sizes, the package's library dependencies, and the
 # checks of the desktop entry and the AppStream file in the install test.
 PACKAGES += librsvg2-bin dpkg-dev desktop-file-utils appstream
+# The English translation (lrelease, lupdate) and Qt's own translations of its buttons and dialogs.
+PACKAGES += qt6-l10n-tools qt6-translations-l10n
 SUDO := $(shell [ "$$(id -u)" -eq 0 ] || echo sudo)
 
 # Seconds each fuzz target runs in `make fuzz`, and how many run side by side.

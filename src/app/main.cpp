@@ -7,6 +7,7 @@
 #include "settings/QtRegistry.h"
 #include "settings/SettingsLocation.h"
 #include "settings/SettingsStore.h"
+#include "ui/Language.h"
 #include "ui/MainWindow.h"
 #include "ui/QtPrompter.h"
 #include "ui/StartupOptions.h"
@@ -58,6 +59,9 @@ int main(int argc, char* argv[]) {
   const QString program_dir = QApplication::applicationDirPath();
   kartova::SettingsStore settings(kartova::IniDirectoryFromEnvironment(program_dir.toStdString()),
                                   std::make_unique<kartova::QtRegistry>());
+  // The language is chosen before the first widget is built: every text is translated as it
+  // is made, so a change of the language takes effect at the next start.
+  kartova::InstallLanguage(kartova::LanguageSetting(settings));
   kartova::QtPrompter prompter;
   kartova::MainWindow window(settings, prompter, program_dir);
   prompter.set_parent(&window);

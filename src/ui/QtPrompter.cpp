@@ -6,6 +6,8 @@
 #include <QMessageBox>
 #include <QUrl>
 
+#include "ui/Language.h"
+
 namespace kartova {
 namespace {
 
@@ -73,12 +75,15 @@ Prompter::Answer QtPrompter::Message(const QString& text, const QString& title, 
                                      Icon icon, const QString& detail) {
   QMessageBox box(ToQt(icon), title, text, ToQt(buttons), parent_);
   if (!detail.isEmpty()) box.setDetailedText(detail);
-  // The editor speaks German, its questions' buttons too.
-  const std::pair<QMessageBox::StandardButton, const char*> kGermanButtons[] = {
-      {QMessageBox::Yes, "&Ja"}, {QMessageBox::No, "&Nein"}, {QMessageBox::Cancel, "Abbrechen"},
-      {QMessageBox::Retry, "&Wiederholen"}};
-  for (const auto& [button, caption] : kGermanButtons)
-    if (QAbstractButton* shown = box.button(button)) shown->setText(QString::fromUtf8(caption));
+  // A German question gets German buttons even where Qt's own German translation is not
+  // installed; in English, Qt's captions are the right ones.
+  if (CurrentLanguage() == UiLanguage::kGerman) {
+    const std::pair<QMessageBox::StandardButton, const char*> kGermanButtons[] = {
+        {QMessageBox::Yes, "&Ja"}, {QMessageBox::No, "&Nein"}, {QMessageBox::Cancel, "Abbrechen"},
+        {QMessageBox::Retry, "&Wiederholen"}};
+    for (const auto& [button, caption] : kGermanButtons)
+      if (QAbstractButton* shown = box.button(button)) shown->setText(QString::fromUtf8(caption));
+  }
   return FromQt(box.exec(), buttons);
 }
 
