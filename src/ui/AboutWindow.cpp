@@ -52,7 +52,7 @@ QPixmap DecorationPicture() {
 AboutWindow::AboutWindow(Prompter& prompter, QWidget* parent)
     : QDialog(parent, Qt::Dialog | Qt::FramelessWindowHint), prompter_(prompter) {
   setObjectName(QStringLiteral("AboutWindow"));
-  setWindowTitle(QStringLiteral("Über Kartova"));
+  setWindowTitle(tr("Über Kartova"));
   setModal(true);
   // Put together here rather than written out, so that the address is no plain text in the
   // program file.
@@ -98,7 +98,7 @@ void AboutWindow::BuildContents() {
   layout->addWidget(BuildInformation(border));
   QLabel* disclaimer = AddLabel(
       QStringLiteral("Label(7)"),
-      QStringLiteral("Es wird keine Haftung für eventuelle Schäden jeglicher Art übernommen."),
+      tr("Es wird keine Haftung für eventuelle Schäden jeglicher Art übernommen."),
       border);
   disclaimer->setWordWrap(true);
   layout->addWidget(disclaimer);
@@ -124,7 +124,7 @@ QWidget* AboutWindow::BuildHeading(QWidget* parent) {
   title->setFont(font);
   titles->addWidget(title);
   titles->addWidget(
-      AddLabel(QStringLiteral("Label(1)"), QStringLiteral("Version 1.38 Final"), heading));
+      AddLabel(QStringLiteral("Label(1)"), tr("Version 1.38 Final"), heading));
   titles->addStretch(1);
   layout->addLayout(titles, 1);
   return heading;
@@ -140,8 +140,8 @@ QWidget* AboutWindow::BuildInformation(QWidget* parent) {
   credits->installEventFilter(this);
   auto* credits_layout = new QVBoxLayout(credits);
   credits_layout->addWidget(AddLabel(QStringLiteral("Label(2)"),
-                                     QStringLiteral("Gesamte Programmierung und Design\n"
-                                                    "2026 Das Kartova-Team"),
+                                     tr("Gesamte Programmierung und Design\n"
+                                        "2026 Das Kartova-Team"),
                                      credits));
   layout->addWidget(credits);
 
@@ -149,16 +149,16 @@ QWidget* AboutWindow::BuildInformation(QWidget* parent) {
   editions->installEventFilter(this);
   auto* grid = new QGridLayout(editions);
   grid->addWidget(
-      AddLabel(QStringLiteral("Label(3)"), QStringLiteral("Unterstützte Roms:"), editions), 0, 0,
+      AddLabel(QStringLiteral("Label(3)"), tr("Unterstützte Roms:"), editions), 0, 0,
       Qt::AlignTop);
   grid->addWidget(AddLabel(QStringLiteral("Label(4)"),
-                           QStringLiteral("Jede Edition mit einer Rom-Definition\n"
-                                          "(Kartova.ini oder Registry)"),
+                           tr("Jede Edition mit einer Rom-Definition\n"
+                              "(Kartova.ini oder Registry)"),
                            editions),
                   0, 1);
   grid->addWidget(
-      AddLabel(QStringLiteral("Label(5)"), QStringLiteral("Sprachversionen:"), editions), 1, 0);
-  grid->addWidget(AddLabel(QStringLiteral("Label(6)"), QStringLiteral("Deutsch"), editions), 1, 1);
+      AddLabel(QStringLiteral("Label(5)"), tr("Sprachversionen:"), editions), 1, 0);
+  grid->addWidget(AddLabel(QStringLiteral("Label(6)"), tr("Deutsch"), editions), 1, 1);
   grid->setColumnStretch(1, 1);
   layout->addWidget(editions);
   return box;

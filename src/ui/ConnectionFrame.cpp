@@ -12,6 +12,8 @@
 
 #include "maps/HeaderFields.h"
 #include "rom/HexText.h"
+#include "ui/CoreTexts.h"
+#include "ui/FieldTips.h"
 #include "ui/HeaderPage.h"
 #include "ui/LinkDataFrame.h"
 #include "ui/PageContext.h"
@@ -24,7 +26,12 @@ namespace {
 constexpr int kDirections = 4;
 constexpr int kConnectionFlagsBox = 8;
 
-constexpr const char* kSelectorCaptions[] = {"(Oben)", "(Unten)", "(Links)", "(Rechts)"};
+constexpr const char* kSelectorCaptions[] = {
+    QT_TRANSLATE_NOOP("kartova::ConnectionFrame", "(Oben)"), QT_TRANSLATE_NOOP("kartova::ConnectionFrame", "(Unten)"),
+    QT_TRANSLATE_NOOP("kartova::ConnectionFrame", "(Links)"), QT_TRANSLATE_NOOP("kartova::ConnectionFrame", "(Rechts)")};
+constexpr const char* kCommandCaptions[] = {QT_TRANSLATE_NOOP("kartova::ConnectionFrame", "Ziel zeigen"),
+                                            QT_TRANSLATE_NOOP("kartova::ConnectionFrame", "Fenster zeigen"),
+                                            QT_TRANSLATE_NOOP("kartova::ConnectionFrame", "Quelle zeigen")};
 
 // Digits of each box, Header(11) first: bank, source, destination, length, neighbour width,
 // the two position change bytes, window, map number.
@@ -40,7 +47,7 @@ constexpr int kNeighbourMapBox = 19;
 }  // namespace
 
 ConnectionFrame::ConnectionFrame(QWidget* parent)
-    : QGroupBox(QStringLiteral("Anbindungen"), parent) {
+    : QGroupBox(tr("Anbindungen"), parent) {
   setObjectName(QStringLiteral("Frame8"));
   BuildSelectors();
   BuildBoxes();
@@ -51,14 +58,15 @@ ConnectionFrame::ConnectionFrame(QWidget* parent)
 void ConnectionFrame::BuildSelectors() {
   selector_group_ = new QButtonGroup(this);
   for (int i = 0; i < kDirections; ++i) {
-    auto* selector = new QRadioButton(QString::fromLatin1(kSelectorCaptions[i]), this);
+    auto* selector = new QRadioButton(tr(kSelectorCaptions[i]), this);
     selector->setObjectName(QStringLiteral("ConSel(%1)").arg(i));
+    selector->setToolTip(ConnectionSelectorTip(i));
     selector_group_->addButton(selector, i);
     selectors_[static_cast<size_t>(i)] = selector;
   }
   connection_list_ = new QComboBox(this);
   connection_list_->setObjectName(QStringLiteral("Combo10"));
-  connection_list_->setToolTip(QStringLiteral("Vorhandene Anbindungen der geladenen Map"));
+  connection_list_->setToolTip(tr("Vorhandene Anbindungen der geladenen Map"));
   connection_list_->setSizeAdjustPolicy(QComboBox::AdjustToContents);
 }
 
@@ -67,12 +75,13 @@ void ConnectionFrame::BuildBoxes() {
     const int digits = kBoxDigits[b - kFirstBox];
     boxes_[static_cast<size_t>(b - kFirstBox)] = MakeHeaderBox(b, digits, this);
   }
-  length_label_ = new QLabel(QStringLiteral("ST-Größe:"), this);
+  length_label_ = new QLabel(CoreText(ConnectionLengthCaption(-1)), this);
   length_label_->setObjectName(QStringLiteral("LengthLabel"));
-  const char* captions[] = {"Ziel zeigen", "Fenster zeigen", "Quelle zeigen"};
+  length_label_->setToolTip(box(14)->toolTip());
   for (int i = 0; i < 3; ++i) {
-    auto* button = new QPushButton(QString::fromUtf8(captions[i]), this);
+    auto* button = new QPushButton(tr(kCommandCaptions[i]), this);
     button->setObjectName(QStringLiteral("Command%1").arg(i + 2));
+    button->setToolTip(PositionButtonTip(i + 2));
     commands_[static_cast<size_t>(i)] = button;
   }
 }
@@ -86,25 +95,28 @@ void ConnectionFrame::BuildLayout() {
   selectors->addStretch(1);
   grid->addLayout(selectors, 0, 0, 1, 5);
 
-  const auto label = [this](const char* caption) {
-    return new QLabel(QString::fromUtf8(caption), this);
+  // A label of one box tells what its box tells; the rows of two boxes leave that to the boxes.
+  const auto label = [this](const QString& caption, const QLineEdit* field = nullptr) {
+    auto* made = new QLabel(caption, this);
+    if (field) made->setToolTip(field->toolTip());
+    return made;
   };
-  grid->addWidget(label("Map: B/N"), 1, 0);
+  grid->addWidget(label(tr("Map: B/N")), 1, 0);
   grid->addWidget(box(11), 1, 1);
   grid->addWidget(box(19), 1, 2);
-  grid->addWidget(label("Sichtteil:"), 2, 0);
+  grid->addWidget(label(tr("Sichtteil:")), 2, 0);
   grid->addWidget(box(12), 2, 1);
   grid->addWidget(box(13), 2, 2);
   grid->addWidget(length_label_, 3, 0);
   grid->addWidget(box(14), 3, 1);
-  grid->addWidget(label("Map-Breite:"), 3, 2, Qt::AlignRight);
+  grid->addWidget(label(tr("Map-Breite:"), box(15)), 3, 2, Qt::AlignRight);
   grid->addWidget(box(15), 3, 3);
-  grid->addWidget(label("Wechsel:"), 4, 0);
+  grid->addWidget(label(tr("Wechsel:")), 4, 0);
   grid->addWidget(box(16), 4, 1);
   grid->addWidget(box(17), 4, 2);
-  grid->addWidget(label("Fenster:"), 5, 0);
+  grid->addWidget(label(tr("Fenster:"), box(18)), 5, 0);
   grid->addWidget(box(18), 5, 1);
-  grid->addWidget(label("Vorhanden:"), 5, 2, Qt::AlignRight);
+  grid->addWidget(label(tr("Vorhanden:")), 5, 2, Qt::AlignRight);
   grid->addWidget(connection_list_, 5, 3, 1, 2, Qt::AlignLeft);
 
   auto* buttons = new QHBoxLayout;
@@ -206,13 +218,20 @@ void ConnectionFrame::WriteBoxes(const ConnectionBoxTexts& texts) {
     box(b)->setText(QString::fromStdString(texts[static_cast<size_t>(b - kFirstBox)]));
 }
 
+// An item reads its running number, a blank and the direction; the direction is the core's text.
+QString ConnectionFrame::ConnectionItemText(const std::string& item) {
+  const std::size_t blank = item.find(' ');
+  if (blank == std::string::npos) return QString::fromStdString(item);
+  return QString::fromStdString(item.substr(0, blank)) + CoreText(item.substr(blank));
+}
+
 std::string ConnectionFrame::BoxText(int number) const { return box(number)->text().toStdString(); }
 
 void ConnectionFrame::ShowConnection(int index) {
   const ConnectionView view =
       ShowConnectionData(document_->Secondary().bytes, Selectors(false).enabled, index);
   WriteBoxes(view.texts);
-  length_label_->setText(QString::fromStdString(view.length_caption));
+  length_label_->setText(CoreText(view.length_caption));
 }
 
 void ConnectionFrame::SetConnectionEditorEnabled(bool enabled) {
@@ -220,7 +239,7 @@ void ConnectionFrame::SetConnectionEditorEnabled(bool enabled) {
   if (!enabled) {
     ClearSelection();
     WriteBoxes(ConnectionBoxTexts{});
-    length_label_->setText(QString::fromStdString(ConnectionLengthCaption(-1)));
+    length_label_->setText(CoreText(ConnectionLengthCaption(-1)));
   }
   // Switched off, the frame has no button left to choose, so the boxes stay empty.
   EnsureConnectionSelected();
@@ -267,7 +286,7 @@ void ConnectionFrame::RefreshAfterMapLoad() {
 void ConnectionFrame::FillConnectionList() {
   connection_list_->clear();
   for (const std::string& item : document_->Grid().ConnectionItems())
-    connection_list_->addItem(QString::fromStdString(item));
+    connection_list_->addItem(ConnectionItemText(item));
   // The first direction is shown, so that the list reads at a glance.
   if (connection_list_->count() > 0) connection_list_->setCurrentIndex(0);
 }

@@ -84,6 +84,8 @@ class ConnectionFrame : public QGroupBox {
   int EnsureConnectionSelected();
   void WriteBoxes(const ConnectionBoxTexts& texts);
   std::string BoxText(int box) const;
+  // A Combo10 item of the core ("1 (Oben)") in the language of the ui.
+  static QString ConnectionItemText(const std::string& item);
 
   // Handlers.
   void ClickConnectionCheck(int index);

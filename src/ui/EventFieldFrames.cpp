@@ -13,6 +13,8 @@
 #include <algorithm>
 
 #include "events/EventFields.h"
+#include "ui/CoreTexts.h"
+#include "ui/FieldTips.h"
 #include "ui/ScopeExit.h"
 #include "ui/WindowPlacement.h"
 
@@ -48,9 +50,12 @@ QToolButton* MakeArrow(Qt::ArrowType arrow, QWidget* parent) {
 
 void AddField(const EventField& field, QFrame* frame, QGridLayout* grid, int row, EventFieldWidgets& widgets,
               EventFieldKeyFilter* key_filter) {
-  grid->addWidget(new QLabel(QString::fromUtf8(field.label), frame), row, 0);
   auto* box = new QLineEdit(frame);
   box->setObjectName(QStringLiteral("Text(%1)").arg(field.text_index));
+  box->setToolTip(EventFieldTip(field.text_index));
+  auto* label = new QLabel(CoreText(field.label), frame);
+  label->setToolTip(box->toolTip());
+  grid->addWidget(label, row, 0);
   const bool position = IsPositionField(field.text_index);
   box->setFixedWidth(WindowPlacement(*frame).ToPixelsX(position ? kPositionFieldTwips : kValueFieldTwips));
   box->installEventFilter(key_filter);
@@ -144,7 +149,7 @@ bool EventFieldKeyFilter::eventFilter(QObject* watched, QEvent* event) {
 
 EventFieldWidgets BuildEventFieldFrames(QWidget* parent, int shown_kind, EventFieldKeyFilter* key_filter) {
   EventFieldWidgets widgets;
-  auto* box = new QGroupBox(QStringLiteral("Daten"), parent);
+  auto* box = new QGroupBox(QCoreApplication::translate("kartova::EventPage", "Daten"), parent);
   box->setObjectName(QStringLiteral("Frame2"));
   auto* layout = new QVBoxLayout(box);
   layout->setSpacing(0);

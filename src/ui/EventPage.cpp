@@ -12,6 +12,7 @@
 
 #include "events/EventFields.h"
 #include "rom/HexText.h"
+#include "ui/CoreTexts.h"
 #include "ui/EventViewController.h"
 #include "ui/MapView.h"
 #include "ui/PageContext.h"
@@ -23,13 +24,18 @@ namespace {
 
 constexpr int kNoRecord = 255;
 
-// By kind: the caption above the list, the list's items and Frame2's caption for a record.
-constexpr std::array<const char*, kEventKindCount> kListCaptions = {"Warp", "Trigger", "Sign",
-                                                                    "People", "Enter", "Time"};
+// By kind: the caption above the list, the list's items and Frame2's caption for a record. The
+// item prefixes are listed with the core's texts (CoreTexts.cpp).
+constexpr std::array<const char*, kEventKindCount> kListCaptions = {
+    QT_TRANSLATE_NOOP("kartova::EventPage", "Warp"),   QT_TRANSLATE_NOOP("kartova::EventPage", "Trigger"),
+    QT_TRANSLATE_NOOP("kartova::EventPage", "Sign"),   QT_TRANSLATE_NOOP("kartova::EventPage", "People"),
+    QT_TRANSLATE_NOOP("kartova::EventPage", "Enter"),  QT_TRANSLATE_NOOP("kartova::EventPage", "Time")};
 constexpr std::array<const char*, kEventKindCount> kItemPrefixes = {"Warp ", "Trigger ", "Sign ",
                                                                     "People ", "Enter ", "Time "};
 constexpr std::array<const char*, kEventKindCount> kFramePrefixes = {
-    "Warp ", "Trigger ", "Signpost ", "People ", "Enter-Script ", "Time-Script "};
+    QT_TRANSLATE_NOOP("kartova::EventPage", "Warp "),         QT_TRANSLATE_NOOP("kartova::EventPage", "Trigger "),
+    QT_TRANSLATE_NOOP("kartova::EventPage", "Signpost "),     QT_TRANSLATE_NOOP("kartova::EventPage", "People "),
+    QT_TRANSLATE_NOOP("kartova::EventPage", "Enter-Script "), QT_TRANSLATE_NOOP("kartova::EventPage", "Time-Script ")};
 // The lists from the top of the column, two beside each other: the scripts, then the events.
 constexpr std::array<int, kEventKindCount> kListOrder = {kEventEnter, kEventTime, kEventWarp,
                                                          kEventTrigger, kEventSign, kEventPeople};
@@ -98,7 +104,7 @@ QWidget* EventPage::BuildListColumn() {
     lists_[static_cast<size_t>(kind)] = list;
     const int row = place / 2 * 2;
     const int column = place % 2;
-    grid->addWidget(new QLabel(QString::fromLatin1(kListCaptions[static_cast<size_t>(kind)]), lists), row, column);
+    grid->addWidget(new QLabel(tr(kListCaptions[static_cast<size_t>(kind)]), lists), row, column);
     grid->addWidget(list, row + 1, column);
   }
   return lists;
@@ -176,7 +182,7 @@ void EventPage::FillEventLists() {
 
   if (document_.Events().Empty()) {
     field_frame(selected_kind_)->hide();
-    widgets_.caption_frame->setTitle(QStringLiteral("Daten"));
+    widgets_.caption_frame->setTitle(tr("Daten"));
   }
 }
 
@@ -188,9 +194,10 @@ void EventPage::FillEventList(int kind) {
     list->setEnabled(false);
     return;
   }
+  const QString prefix = CoreText(kItemPrefixes[static_cast<size_t>(kind)]);
   QStringList items;
   items.reserve(count);
-  for (int i = 0; i < count; ++i) items << QString::fromLatin1(kItemPrefixes[static_cast<size_t>(kind)]) + QString::number(i);
+  for (int i = 0; i < count; ++i) items << prefix + QString::number(i);
   list->addItems(items);
   list->setEnabled(true);
   list->setCurrentIndex(0);
@@ -210,8 +217,7 @@ void EventPage::SelectEventFromList(int kind) {
   field_frame(selected_kind_)->hide();
   field_frame(kind)->show();
   selected_kind_ = kind;
-  widgets_.caption_frame->setTitle(QString::fromLatin1(kFramePrefixes[static_cast<size_t>(kind)]) +
-                                   QString::number(index));
+  widgets_.caption_frame->setTitle(tr(kFramePrefixes[static_cast<size_t>(kind)]) + QString::number(index));
   selected_index_ = index;
   if (!ScriptKind(kind))
     if (view_controller_) view_controller_->DrawSelectedEventMarker();

@@ -17,6 +17,8 @@
 #include "rom/RomDefinition.h"
 #include "ui/ComboFit.h"
 #include "ui/ConnectionFrame.h"
+#include "ui/CoreTexts.h"
+#include "ui/FieldTips.h"
 #include "ui/LinkDataFrame.h"
 #include "ui/PageContext.h"
 #include "ui/ScopeExit.h"
@@ -35,9 +37,18 @@ constexpr int kWideExtraByteBoxTwips = 1320;
 constexpr int kConnectionFlagsBox = 8;
 constexpr int kExtraByteBox = 2;
 
-constexpr const char* kConnectionCaptions[] = {"Oben", "Unten", "Links", "Rechts"};
+constexpr const char* kConnectionCaptions[] = {
+    QT_TRANSLATE_NOOP("kartova::HeaderPage", "Oben"), QT_TRANSLATE_NOOP("kartova::HeaderPage", "Unten"),
+    QT_TRANSLATE_NOOP("kartova::HeaderPage", "Links"), QT_TRANSLATE_NOOP("kartova::HeaderPage", "Rechts")};
 
 int TwipsToPixels(QWidget& widget, int twips) { return WindowPlacement(widget).ToPixelsX(twips); }
+
+// A field's label, which tells the same as the field when the mouse rests on it.
+QLabel* FieldLabel(const QString& caption, const QWidget* field, QWidget* parent) {
+  auto* label = new QLabel(caption, parent);
+  label->setToolTip(field->toolTip());
+  return label;
+}
 
 }  // namespace
 
@@ -45,6 +56,7 @@ QLineEdit* MakeHeaderBox(int index, int digits, QWidget* parent) {
   auto* box = new QLineEdit(parent);
   box->setObjectName(QStringLiteral("Header(%1)").arg(index));
   box->setFixedWidth(TwipsToPixels(*parent, digits > 4 ? kLongBoxTwips : kShortBoxTwips));
+  box->setToolTip(HeaderBoxTip(index));
   return box;
 }
 
@@ -79,44 +91,43 @@ QComboBox* HeaderPage::MakeCombo(int index) {
   combo->setInsertPolicy(QComboBox::NoInsert);
   combo->setMinimumContentsLength(10);
   combo->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
+  combo->setToolTip(HeaderComboTip(index));
   combos_[static_cast<size_t>(index)] = combo;
   return combo;
 }
 
 QWidget* HeaderPage::BuildPrimaryFrame() {
-  auto* frame = new QGroupBox(QStringLiteral("Primary Mapheader"), this);
+  auto* frame = new QGroupBox(tr("Primary Mapheader"), this);
   frame->setObjectName(QStringLiteral("PrimaryHeaderFrame"));
   auto* grid = new QGridLayout(frame);
   grid->setVerticalSpacing(3);
-  const auto label = [frame](const char* caption) { return new QLabel(QString::fromUtf8(caption), frame); };
+  const auto row = [grid, frame](int at, const QString& caption, QWidget* field, int span) {
+    grid->addWidget(FieldLabel(caption, field, frame), at, 0);
+    grid->addWidget(field, at, 1, 1, span);
+  };
   boxes_[0] = MakeHeaderBox(0, 2, frame);
   boxes_[0]->setReadOnly(true);
   boxes_[1] = MakeHeaderBox(1, 4, frame);
   boxes_[1]->setReadOnly(true);
   boxes_[2] = MakeHeaderBox(2, 2, frame);
 
-  grid->addWidget(label("Bank:"), 0, 0);
-  grid->addWidget(boxes_[0], 0, 1);
-  grid->addWidget(label("Tileset:"), 1, 0);
-  grid->addWidget(MakeCombo(0), 1, 1, 1, 4);
-  grid->addWidget(label("Spite Set"), 2, 0);
-  grid->addWidget(MakeCombo(1), 2, 1, 1, 4);
-  grid->addWidget(label("Point:"), 3, 0);
-  grid->addWidget(boxes_[1], 3, 1);
-  grid->addWidget(label("Title:"), 4, 0);
-  grid->addWidget(MakeCombo(2), 4, 1, 1, 4);
-  grid->addWidget(label("Music:"), 5, 0);
-  grid->addWidget(MakeCombo(3), 5, 1, 1, 4);
-  grid->addWidget(label("Lighting"), 6, 0);
-  grid->addWidget(MakeCombo(4), 6, 1, 1, 4);
+  row(0, tr("Bank:"), boxes_[0], 1);
+  row(1, tr("Tileset:"), MakeCombo(0), 4);
+  row(2, tr("Spite Set"), MakeCombo(1), 4);
+  row(3, tr("Point:"), boxes_[1], 1);
+  row(4, tr("Title:"), MakeCombo(2), 4);
+  row(5, tr("Music:"), MakeCombo(3), 4);
+  row(6, tr("Lighting"), MakeCombo(4), 4);
 
-  extra_byte_label_ = new QLabel(QStringLiteral("Angel:"), frame);
+  extra_byte_label_ = FieldLabel(CoreText(ExtraByteCaption(0, {})), boxes_[2], frame);
   extra_byte_label_->setObjectName(QStringLiteral("Label56"));
-  extra_selector_label_ = new QLabel(QStringLiteral("Byte-Nr.:"), frame);
+  extra_selector_label_ = new QLabel(tr("Byte-Nr.:"), frame);
   extra_selector_label_->setObjectName(QStringLiteral("Label65"));
   extra_byte_selector_ = new QSpinBox(frame);
   extra_byte_selector_->setObjectName(QStringLiteral("UpDown9"));
   extra_byte_selector_->setRange(0, 0);
+  extra_byte_selector_->setToolTip(ExtraByteSelectorTip());
+  extra_selector_label_->setToolTip(extra_byte_selector_->toolTip());
   // Records of nine bytes have no extra bytes to choose.
   extra_selector_label_->hide();
   extra_byte_selector_->hide();
@@ -130,36 +141,35 @@ QWidget* HeaderPage::BuildPrimaryFrame() {
 }
 
 QWidget* HeaderPage::BuildSecondaryFrame() {
-  auto* frame = new QGroupBox(QStringLiteral("Secondary Map Header"), this);
+  auto* frame = new QGroupBox(tr("Secondary Map Header"), this);
   frame->setObjectName(QStringLiteral("SecondaryHeaderFrame"));
   auto* grid = new QGridLayout(frame);
   grid->setVerticalSpacing(3);
-  const auto label = [frame](const char* caption) { return new QLabel(QString::fromUtf8(caption), frame); };
+  const auto row = [grid, frame](int at, const QString& caption, QWidget* field, int span) {
+    grid->addWidget(FieldLabel(caption, field, frame), at, 0);
+    grid->addWidget(field, at, 1, 1, span);
+  };
   constexpr int kDigits[kPageBoxes] = {2, 4, 2, 2, 6, 2, 4, 4, 2, 2, 2};
   for (int i = 3; i < kPageBoxes; ++i) boxes_[static_cast<size_t>(i)] = MakeHeaderBox(i, kDigits[i], frame);
   boxes_[4]->setReadOnly(true);
 
-  grid->addWidget(label("Border:"), 0, 0);
-  grid->addWidget(boxes_[3], 0, 1);
-  grid->addWidget(label("size:"), 1, 0);
+  row(0, tr("Border:"), boxes_[3], 1);
+  // Width and height share a row and a label; each box carries its own tip.
+  grid->addWidget(new QLabel(tr("size:"), frame), 1, 0);
   grid->addWidget(boxes_[9], 1, 1);
   grid->addWidget(boxes_[10], 1, 2);
-  grid->addWidget(label(" X / Y"), 1, 3);
-  grid->addWidget(label("Map-Pointer:"), 2, 0);
-  grid->addWidget(boxes_[4], 2, 1, 1, 2);
-  grid->addWidget(label("Bank:"), 3, 0);
-  grid->addWidget(boxes_[5], 3, 1);
-  grid->addWidget(label("Script: (2)"), 4, 0);
-  grid->addWidget(boxes_[6], 4, 1);
-  grid->addWidget(label("Event: (2)"), 5, 0);
-  grid->addWidget(boxes_[7], 5, 1);
-  grid->addWidget(label("Links:"), 6, 0);
-  grid->addWidget(boxes_[8], 6, 1);
+  grid->addWidget(new QLabel(tr(" X / Y"), frame), 1, 3);
+  row(2, tr("Map-Pointer:"), boxes_[4], 2);
+  row(3, tr("Bank:"), boxes_[5], 1);
+  row(4, tr("Script: (2)"), boxes_[6], 1);
+  row(5, tr("Event: (2)"), boxes_[7], 1);
+  row(6, tr("Links:"), boxes_[8], 1);
 
   auto* checks = new QHBoxLayout;
   for (int i = 0; i < 4; ++i) {
-    auto* check = new QCheckBox(QString::fromLatin1(kConnectionCaptions[i]), frame);
+    auto* check = new QCheckBox(tr(kConnectionCaptions[i]), frame);
     check->setObjectName(QStringLiteral("Con(%1)").arg(i));
+    check->setToolTip(ConnectionCheckTip(i));
     // The checks follow Header(8); switching a direction by a click belongs to the connection
     // editor, which is not wired here.
     check->setEnabled(false);
@@ -244,9 +254,13 @@ void HeaderPage::ShowHeaderFields(int which) {
   context_.state().updating_controls = kUpdatingShowingHeaders;
   for (int i = 0; i < kPageBoxes; ++i) {
     if (which != -1 && which != i) continue;
-    if (i == kExtraByteBox)
-      extra_byte_label_->setText(QString::fromStdString(
-          ExtraByteCaption(extra_byte_, document_.Definition().extra_header_byte_names)));
+    if (i == kExtraByteBox) {
+      extra_byte_label_->setText(
+          CoreText(ExtraByteCaption(extra_byte_, document_.Definition().extra_header_byte_names)));
+      // The tip names the byte the box now shows.
+      boxes_[kExtraByteBox]->setToolTip(HeaderBoxTip(kExtraByteBox, extra_byte_));
+      extra_byte_label_->setToolTip(boxes_[kExtraByteBox]->toolTip());
+    }
     QLineEdit* box = boxes_[static_cast<size_t>(i)];
     const QString text = QString::fromStdString(
         HeaderFieldText(i, document_.Primary(), document_.Secondary(), extra_byte_));

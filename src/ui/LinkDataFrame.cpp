@@ -14,6 +14,8 @@
 #include <span>
 
 #include "maps/RomDocument.h"
+#include "ui/CoreTexts.h"
+#include "ui/FieldTips.h"
 #include "ui/PageContext.h"
 
 namespace kartova {
@@ -60,15 +62,19 @@ QFont GridFont() {
   return QFontDatabase::systemFont(QFontDatabase::FixedFont);
 }
 
-constexpr const char* kFieldCaptions[] = {"X:", "Y:", "Block-Pointer:", "RAM-Adresse:"};
+constexpr const char* kFieldCaptions[] = {
+    QT_TRANSLATE_NOOP("kartova::LinkDataFrame", "X:"), QT_TRANSLATE_NOOP("kartova::LinkDataFrame", "Y:"),
+    QT_TRANSLATE_NOOP("kartova::LinkDataFrame", "Block-Pointer:"),
+    QT_TRANSLATE_NOOP("kartova::LinkDataFrame", "RAM-Adresse:")};
 
 }  // namespace
 
 LinkDataFrame::LinkDataFrame(QWidget* parent)
-    : QGroupBox(QStringLiteral("Map Link Data"), parent) {
+    : QGroupBox(tr("Map Link Data"), parent) {
   setObjectName(QStringLiteral("LinkDataFrame"));
   grid_text_ = new LinkGridText(this);
   grid_text_->setObjectName(QStringLiteral("Text6"));
+  grid_text_->setToolTip(LinkDataTip(6));
   grid_text_->setFont(GridFont());
   grid_text_->setLineWrapMode(QPlainTextEdit::NoWrap);
   grid_text_->setReadOnly(true);
@@ -85,12 +91,15 @@ LinkDataFrame::LinkDataFrame(QWidget* parent)
   for (int i = 0; i < 4; ++i) {
     auto* field = new QLineEdit(this);
     field->setObjectName(QStringLiteral("Text%1").arg(i + 7));
+    field->setToolTip(LinkDataTip(i + 7));
     field->setReadOnly(true);
     field->setFixedWidth(field->fontMetrics().horizontalAdvance(QStringLiteral("-0000")) + 16);
     fields_[static_cast<size_t>(i)] = field;
     const int row = 1 + i / 2;
     const int column = (i % 2) * 2;
-    grid->addWidget(new QLabel(QString::fromLatin1(kFieldCaptions[i]), this), row, column);
+    auto* label = new QLabel(tr(kFieldCaptions[i]), this);
+    label->setToolTip(field->toolTip());
+    grid->addWidget(label, row, column);
     grid->addWidget(field, row, column + 1);
   }
   grid->setRowStretch(0, 1);
@@ -174,7 +183,8 @@ void LinkDataFrame::ReadSelectedCell() {
   const LinkCell cell = data_.ReadCell(Selection().start, MapInfo());
   fields_[0]->setText(QString::number(cell.position.x));
   fields_[1]->setText(QString::number(cell.position.y));
-  fields_[2]->setText(QString::fromStdString(cell.block_pointer_text));
+  // "NA" outside the map proper is the core's word; the digits stay as they are.
+  fields_[2]->setText(CoreText(cell.block_pointer_text));
   fields_[3]->setText(QString::fromStdString(cell.working_copy_text));
 }
 

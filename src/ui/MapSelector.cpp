@@ -11,7 +11,7 @@ MapSelector::MapSelector(QWidget* parent)
   bank_list_->setObjectName(QStringLiteral("Combo2"));
   map_list_->setObjectName(QStringLiteral("Combo3"));
   for (int bank = 1; bank <= kBankCount; ++bank)
-    bank_list_->addItem(QStringLiteral("Mapbank %1").arg(bank));
+    bank_list_->addItem(tr("Mapbank %1").arg(bank));
   // Like the form's list, the bank list starts without a selection.
   bank_list_->setCurrentIndex(-1);
   bank_list_->setMaxVisibleItems(kBankCount);

@@ -27,13 +27,13 @@ WuselixPage::WuselixPage(QWidget* parent)
   segments_->setObjectName(QStringLiteral("List1"));
   time_of_day_->setObjectName(QStringLiteral("Combo1"));
   time_of_day_->addItems(
-      {QStringLiteral("Morgens"), QStringLiteral("Tags"), QStringLiteral("Abends")});
+      {tr("Morgens"), tr("Tags"), tr("Abends")});
   creatures_->setObjectName(QStringLiteral("List2"));
 
   auto* layout = new QGridLayout(this);
-  layout->addWidget(Group(QStringLiteral("Abschnitte"), segments_), 0, 0, 2, 1);
-  layout->addWidget(Group(QStringLiteral("Tageszeit"), time_of_day_), 0, 1);
-  layout->addWidget(Group(QStringLiteral("Wuselix"), creatures_), 1, 1);
+  layout->addWidget(Group(tr("Abschnitte"), segments_), 0, 0, 2, 1);
+  layout->addWidget(Group(tr("Tageszeit"), time_of_day_), 0, 1);
+  layout->addWidget(Group(tr("Wuselix"), creatures_), 1, 1);
   layout->setColumnStretch(1, 2);
   layout->setColumnStretch(0, 1);
   layout->setRowStretch(1, 1);

@@ -108,9 +108,13 @@ TEST_F(HeaderPageTest, LongerRecordsShowTheirExtraBytesByName) {
   EXPECT_EQ(selector->maximum(), 3);
   EXPECT_EQ(Box(2)->width(), window_->placement().ToPixelsX(1320));
 
+  EXPECT_TRUE(Box(2)->toolTip().startsWith("Primärer Header, Byte 8\n"));
   selector->setValue(2);
   EXPECT_EQ(Page().extra_byte_label()->text(), "Wetter:");
   EXPECT_EQ(Box(2)->text(), "22");
+  // The tip names the byte now shown, on the box and on its label.
+  EXPECT_TRUE(Box(2)->toolTip().startsWith("Primärer Header, Byte 10\n"));
+  EXPECT_EQ(Page().extra_byte_label()->toolTip(), Box(2)->toolTip());
   Type(Box(2), "7F");
   EXPECT_EQ(Document().Primary().bytes[10], 0x7F);
   selector->setValue(3);
