@@ -28,7 +28,8 @@ qt_add_resources(kartova_ui kartova_translations
 
 if(KARTOVA_LUPDATE)
   add_custom_target(update-translations
-    COMMAND "${KARTOVA_LUPDATE}" -silent -locations none -no-obsolete
+    COMMAND "${KARTOVA_LUPDATE}" -silent -locations none -no-obsolete -I "${PROJECT_SOURCE_DIR}/src"
+            -source-language de -target-language en
             "${PROJECT_SOURCE_DIR}/src/ui" "${PROJECT_SOURCE_DIR}/src/app"
             -ts "${KARTOVA_TS_FILE}"
     WORKING_DIRECTORY "${PROJECT_SOURCE_DIR}"
