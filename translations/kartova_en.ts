@@ -5,235 +5,235 @@
     <name>CoreText</name>
     <message>
         <source>X-Position:</source>
-        <translation type="unfinished"></translation>
+        <translation>X position:</translation>
     </message>
     <message>
         <source>Y-Position:</source>
-        <translation type="unfinished"></translation>
+        <translation>Y position:</translation>
     </message>
     <message>
         <source>Ziel-Warp:</source>
-        <translation type="unfinished"></translation>
+        <translation>Target warp:</translation>
     </message>
     <message>
         <source>Map-Bank:</source>
-        <translation type="unfinished"></translation>
+        <translation>Map bank:</translation>
     </message>
     <message>
         <source>Map-Nummer:</source>
-        <translation type="unfinished"></translation>
+        <translation>Map number:</translation>
     </message>
     <message>
         <source>Status:</source>
-        <translation type="unfinished"></translation>
+        <translation>Status:</translation>
     </message>
     <message>
         <source>Res-1:</source>
-        <translation type="unfinished"></translation>
+        <translation>Reserved 1:</translation>
     </message>
     <message>
         <source>Res-2:</source>
-        <translation type="unfinished"></translation>
+        <translation>Reserved 2:</translation>
     </message>
     <message>
         <source>Res-3:</source>
-        <translation type="unfinished"></translation>
+        <translation>Reserved 3:</translation>
     </message>
     <message>
         <source>Script-Pointer:</source>
-        <translation type="unfinished"></translation>
+        <translation>Script pointer:</translation>
     </message>
     <message>
         <source>Typ:</source>
-        <translation type="unfinished"></translation>
+        <translation>Type:</translation>
     </message>
     <message>
         <source>Bild:</source>
-        <translation type="unfinished"></translation>
+        <translation>Sprite:</translation>
     </message>
     <message>
         <source>Blickrichtung:</source>
-        <translation type="unfinished"></translation>
+        <translation>Facing:</translation>
     </message>
     <message>
         <source>Bewegung:</source>
-        <translation type="unfinished"></translation>
+        <translation>Movement:</translation>
     </message>
     <message>
         <source>Zeitabhängig:</source>
-        <translation type="unfinished"></translation>
+        <translation>Time-dependent:</translation>
     </message>
     <message>
         <source>Zeitraum:</source>
-        <translation type="unfinished"></translation>
+        <translation>Time period:</translation>
     </message>
     <message>
         <source>Funktion:</source>
-        <translation type="unfinished"></translation>
+        <translation>Function:</translation>
     </message>
     <message>
         <source>Sichtweite:</source>
-        <translation type="unfinished"></translation>
+        <translation>Sight range:</translation>
     </message>
     <message>
         <source>Sichtbar falls:</source>
-        <translation type="unfinished"></translation>
+        <translation>Visible if:</translation>
     </message>
     <message>
         <source>Bedingung:</source>
-        <translation type="unfinished"></translation>
+        <translation>Condition:</translation>
     </message>
     <message>
         <source>Warp </source>
-        <translation type="unfinished"></translation>
+        <translation>Warp </translation>
     </message>
     <message>
         <source>Trigger </source>
-        <translation type="unfinished"></translation>
+        <translation>Trigger </translation>
     </message>
     <message>
         <source>Sign </source>
-        <translation type="unfinished"></translation>
+        <translation>Sign </translation>
     </message>
     <message>
         <source>People </source>
-        <translation type="unfinished"></translation>
+        <translation>Person </translation>
     </message>
     <message>
         <source>Enter </source>
-        <translation type="unfinished"></translation>
+        <translation>Enter </translation>
     </message>
     <message>
         <source>Time </source>
-        <translation type="unfinished"></translation>
+        <translation>Time </translation>
     </message>
     <message>
         <source>Angel:</source>
-        <translation type="unfinished"></translation>
+        <translation>Fishing:</translation>
     </message>
     <message>
         <source>Res:</source>
-        <translation type="unfinished"></translation>
+        <translation>Reserved:</translation>
     </message>
     <message>
         <source>ST-Breite:</source>
-        <translation type="unfinished"></translation>
+        <translation>Strip width:</translation>
     </message>
     <message>
         <source>ST-Höhe:</source>
-        <translation type="unfinished"></translation>
+        <translation>Strip height:</translation>
     </message>
     <message>
         <source>ST-Größe:</source>
-        <translation type="unfinished"></translation>
+        <translation>Strip size:</translation>
     </message>
     <message>
         <source> (Oben)</source>
-        <translation type="unfinished"></translation>
+        <translation> (Top)</translation>
     </message>
     <message>
         <source> (Unten)</source>
-        <translation type="unfinished"></translation>
+        <translation> (Bottom)</translation>
     </message>
     <message>
         <source> (Links)</source>
-        <translation type="unfinished"></translation>
+        <translation> (Left)</translation>
     </message>
     <message>
         <source> (Rechts)</source>
-        <translation type="unfinished"></translation>
+        <translation> (Right)</translation>
     </message>
     <message>
         <source>NA</source>
-        <translation type="unfinished"></translation>
+        <translation>N/A</translation>
     </message>
     <message>
         <source>Malen</source>
-        <translation type="unfinished"></translation>
+        <translation>Paint</translation>
     </message>
     <message>
         <source>Map importieren</source>
-        <translation type="unfinished"></translation>
+        <translation>Import map</translation>
     </message>
     <message>
         <source>Header ändern</source>
-        <translation type="unfinished"></translation>
+        <translation>Change header</translation>
     </message>
     <message>
         <source>Header wiederherstellen</source>
-        <translation type="unfinished"></translation>
+        <translation>Restore header</translation>
     </message>
     <message>
         <source>Anbindung ändern</source>
-        <translation type="unfinished"></translation>
+        <translation>Change connection</translation>
     </message>
     <message>
         <source>Event ändern</source>
-        <translation type="unfinished"></translation>
+        <translation>Change event</translation>
     </message>
     <message>
         <source>Event verschieben</source>
-        <translation type="unfinished"></translation>
+        <translation>Move event</translation>
     </message>
     <message>
         <source>Anbindung</source>
-        <translation type="unfinished"></translation>
+        <translation>Connection</translation>
     </message>
     <message>
         <source>Rand-Block</source>
-        <translation type="unfinished"></translation>
+        <translation>Border block</translation>
     </message>
     <message>
         <source>X: </source>
-        <translation type="unfinished"></translation>
+        <translation>X: </translation>
     </message>
     <message>
         <source>Y: </source>
-        <translation type="unfinished"></translation>
+        <translation>Y: </translation>
     </message>
     <message>
         <source>Offset: </source>
-        <translation type="unfinished"></translation>
+        <translation>Offset: </translation>
     </message>
     <message>
         <source>Laufzeitfehler &apos;6&apos;: Überlauf</source>
-        <translation type="unfinished"></translation>
+        <translation>Run-time error &apos;6&apos;: Overflow</translation>
     </message>
     <message>
         <source>Laufzeitfehler &apos;9&apos;: Index außerhalb des gültigen Bereichs</source>
-        <translation type="unfinished"></translation>
+        <translation>Run-time error &apos;9&apos;: Subscript out of range</translation>
     </message>
     <message>
         <source>Datei nicht gefunden</source>
-        <translation type="unfinished"></translation>
+        <translation>File not found</translation>
     </message>
     <message>
         <source>Ist ein Verzeichnis</source>
-        <translation type="unfinished"></translation>
+        <translation>Is a directory</translation>
     </message>
     <message>
         <source>Keine gewöhnliche Datei</source>
-        <translation type="unfinished"></translation>
+        <translation>Not a regular file</translation>
     </message>
     <message>
         <source>Die Datei ist zu klein für ein Rom dieses Spiels</source>
-        <translation type="unfinished"></translation>
+        <translation>The file is too small for a ROM of this game</translation>
     </message>
     <message>
         <source>Die Datei kann nicht gelesen werden</source>
-        <translation type="unfinished"></translation>
+        <translation>The file cannot be read</translation>
     </message>
     <message>
         <source>Ist ein Verzeichnis.</source>
-        <translation type="unfinished"></translation>
+        <translation>This is a directory.</translation>
     </message>
     <message>
         <source>Das ist keine gewöhnliche Datei.</source>
-        <translation type="unfinished"></translation>
+        <translation>This is not a regular file.</translation>
     </message>
     <message>
         <source>Die Datei ist schreibgeschützt.</source>
-        <translation type="unfinished"></translation>
+        <translation>The file is read-only.</translation>
     </message>
 </context>
 <context>
@@ -241,672 +241,741 @@
     <message>
         <source>Primärer Header, Byte 0 (nur Anzeige)
 ROM-Bank, in der der sekundäre Header der Map liegt.</source>
-        <translation type="unfinished"></translation>
+        <translation>Primary header, byte 0 (display only)
+ROM bank that holds the map&apos;s secondary header.</translation>
     </message>
     <message>
         <source>Primärer Header, Bytes 3–4, Little Endian (nur Anzeige, in Dateireihenfolge)
 Pointer auf den sekundären Header, in der Bank aus Byte 0.</source>
-        <translation type="unfinished"></translation>
+        <translation>Primary header, bytes 3–4, little-endian (display only, in file order)
+Pointer to the secondary header, in the bank from byte 0.</translation>
     </message>
     <message>
         <source>Primärer Header, Byte 8
 Angel-Gruppe: welche Gruppe beim Angeln auf dieser Map gilt.</source>
-        <translation type="unfinished"></translation>
+        <translation>Primary header, byte 8
+Fishing group: which group applies when fishing on this map.</translation>
     </message>
     <message>
         <source>Primärer Header, Byte 1
 Nummer des Tilesets, aus dem die Map ihre Grafik und Blöcke nimmt.</source>
-        <translation type="unfinished"></translation>
+        <translation>Primary header, byte 1
+Number of the tileset the map takes its graphics and blocks from.</translation>
     </message>
     <message>
         <source>Primärer Header, Byte 2
 Wert der Liste AbilityNames; seine unteren 3 Bits wählen die Paletten, wenn das Tileset keinen eigenen Palettensatz angibt.</source>
-        <translation type="unfinished"></translation>
+        <translation>Primary header, byte 2
+Value from the AbilityNames list; its lower 3 bits select the palettes when the tileset does not specify its own palette set.</translation>
     </message>
     <message>
         <source>Primärer Header, Byte 5
 Ortsname der Map: Nummer in der Ortsnamen-Tabelle (00–5E).</source>
-        <translation type="unfinished"></translation>
+        <translation>Primary header, byte 5
+Location name of the map: number in the location name table (00–5E).</translation>
     </message>
     <message>
         <source>Primärer Header, Byte 6
 Nummer der Musik der Map.</source>
-        <translation type="unfinished"></translation>
+        <translation>Primary header, byte 6
+Number of the map&apos;s music.</translation>
     </message>
     <message>
         <source>Primärer Header, Byte 7
 Beleuchtung der Map; unter Palette / Lighting „Auto“ wählen ihre unteren 3 Bits die Paletten.</source>
-        <translation type="unfinished"></translation>
+        <translation>Primary header, byte 7
+Lighting of the map; with “Auto” under Palette / Lighting, its lower 3 bits select the palettes.</translation>
     </message>
     <message>
         <source>Zum Ändern den Code als zwei Hex-Ziffern eintippen.</source>
-        <translation type="unfinished"></translation>
+        <translation>To change it, type the code as two hex digits.</translation>
     </message>
     <message>
         <source>Primärer Header, Byte %1
 Zusätzliches Header-Byte, benannt in der Rom-Definition; der Editor zeigt und speichert es nur.</source>
-        <translation type="unfinished"></translation>
+        <translation>Primary header, byte %1
+Extra header byte, named in the ROM definition; the editor only shows and saves it.</translation>
     </message>
     <message>
         <source>Wählt das Byte des primären Headers, das das Feld daneben zeigt: 0 = Byte 8 (Angel), k = Byte 8 + k.</source>
-        <translation type="unfinished"></translation>
+        <translation>Selects the primary header byte shown in the field next to it: 0 = byte 8 (fishing), k = byte 8 + k.</translation>
     </message>
     <message>
         <source>Sekundärer Header, Byte 0
 Block, mit dem der Rand um die Map gefüllt wird, wo keine Anbindung liegt.</source>
-        <translation type="unfinished"></translation>
+        <translation>Secondary header, byte 0
+Block that fills the margin around the map where there is no connection.</translation>
     </message>
     <message>
         <source>Sekundärer Header, Bytes 3–5 (nur Anzeige, in Dateireihenfolge)
 ROM-Bank (Byte 3) und Pointer (Bytes 4–5, Little Endian) der Blockdaten der Map.</source>
-        <translation type="unfinished"></translation>
+        <translation>Secondary header, bytes 3–5 (display only, in file order)
+ROM bank (byte 3) and pointer (bytes 4–5, little-endian) of the map&apos;s block data.</translation>
     </message>
     <message>
         <source>Sekundärer Header, Byte 6
 ROM-Bank, in der Script-Header und Event-Header der Map liegen.</source>
-        <translation type="unfinished"></translation>
+        <translation>Secondary header, byte 6
+ROM bank that holds the map&apos;s script header and event header.</translation>
     </message>
     <message>
         <source>Sekundärer Header, Bytes 7–8, Little Endian (in Dateireihenfolge)
 Pointer auf den Script-Header mit den Enter- und Time-Scripts.</source>
-        <translation type="unfinished"></translation>
+        <translation>Secondary header, bytes 7–8, little-endian (in file order)
+Pointer to the script header with the enter and time scripts.</translation>
     </message>
     <message>
         <source>Sekundärer Header, Bytes 9–10, Little Endian (in Dateireihenfolge)
 Pointer auf den Event-Header mit Warps, Triggern, Schildern und Personen.</source>
-        <translation type="unfinished"></translation>
+        <translation>Secondary header, bytes 9–10, little-endian (in file order)
+Pointer to the event header with warps, triggers, signs and people.</translation>
     </message>
     <message>
         <source>Sekundärer Header, Byte 11
 Anbindungen: Bit 3 oben, Bit 2 unten, Bit 1 links, Bit 0 rechts.</source>
-        <translation type="unfinished"></translation>
+        <translation>Secondary header, byte 11
+Connections: bit 3 top, bit 2 bottom, bit 1 left, bit 0 right.</translation>
     </message>
     <message>
         <source>Sekundärer Header, Byte 2
 Breite der Map in Blöcken.</source>
-        <translation type="unfinished"></translation>
+        <translation>Secondary header, byte 2
+Width of the map in blocks.</translation>
     </message>
     <message>
         <source>Sekundärer Header, Byte 1 (Eingaben ändern Byte 2)
 Höhe der Map in Blöcken; was hier eingetippt wird, wird als Breite gespeichert.</source>
-        <translation type="unfinished"></translation>
+        <translation>Secondary header, byte 1 (input changes byte 2)
+Height of the map in blocks; whatever is typed here is saved as the width.</translation>
     </message>
     <message>
         <source>Sekundärer Header, Byte 11, Bit 3: Anbindung oben
 Ein Klick schaltet nur den Editor um; Byte 11 selbst ändert erst eine Eingabe in sein Feld.</source>
-        <translation type="unfinished"></translation>
+        <translation>Secondary header, byte 11, bit 3: connection at the top
+A click only switches the editor; byte 11 itself changes only when you type into its field.</translation>
     </message>
     <message>
         <source>Sekundärer Header, Byte 11, Bit 2: Anbindung unten
 Ein Klick schaltet nur den Editor um; Byte 11 selbst ändert erst eine Eingabe in sein Feld.</source>
-        <translation type="unfinished"></translation>
+        <translation>Secondary header, byte 11, bit 2: connection at the bottom
+A click only switches the editor; byte 11 itself changes only when you type into its field.</translation>
     </message>
     <message>
         <source>Sekundärer Header, Byte 11, Bit 1: Anbindung links
 Ein Klick schaltet nur den Editor um; Byte 11 selbst ändert erst eine Eingabe in sein Feld.</source>
-        <translation type="unfinished"></translation>
+        <translation>Secondary header, byte 11, bit 1: connection on the left
+A click only switches the editor; byte 11 itself changes only when you type into its field.</translation>
     </message>
     <message>
         <source>Sekundärer Header, Byte 11, Bit 0: Anbindung rechts
 Ein Klick schaltet nur den Editor um; Byte 11 selbst ändert erst eine Eingabe in sein Feld.</source>
-        <translation type="unfinished"></translation>
+        <translation>Secondary header, byte 11, bit 0: connection on the right
+A click only switches the editor; byte 11 itself changes only when you type into its field.</translation>
     </message>
     <message>
         <source>Zeigt den Anbindungs-Eintrag nach oben in den Feldern darunter.</source>
-        <translation type="unfinished"></translation>
+        <translation>Shows the connection entry to the top in the fields below.</translation>
     </message>
     <message>
         <source>Zeigt den Anbindungs-Eintrag nach unten in den Feldern darunter.</source>
-        <translation type="unfinished"></translation>
+        <translation>Shows the connection entry to the bottom in the fields below.</translation>
     </message>
     <message>
         <source>Zeigt den Anbindungs-Eintrag nach links in den Feldern darunter.</source>
-        <translation type="unfinished"></translation>
+        <translation>Shows the connection entry to the left in the fields below.</translation>
     </message>
     <message>
         <source>Zeigt den Anbindungs-Eintrag nach rechts in den Feldern darunter.</source>
-        <translation type="unfinished"></translation>
+        <translation>Shows the connection entry to the right in the fields below.</translation>
     </message>
     <message>
         <source>Anbindungs-Eintrag, Byte 0
 Map-Bank der Nachbar-Map (01–1A).</source>
-        <translation type="unfinished"></translation>
+        <translation>Connection entry, byte 0
+Map bank of the neighbouring map (01–1A).</translation>
     </message>
     <message>
         <source>Anbindungs-Eintrag, Byte 1
 Nummer der Nachbar-Map in ihrer Bank, ab 1.</source>
-        <translation type="unfinished"></translation>
+        <translation>Connection entry, byte 1
+Number of the neighbouring map within its bank, starting at 1.</translation>
     </message>
     <message>
         <source>Anbindungs-Eintrag, Bytes 2–3, Little Endian (in Dateireihenfolge)
 Quelle des Streifens: Pointer in die Blockdaten der Nachbar-Map.</source>
-        <translation type="unfinished"></translation>
+        <translation>Connection entry, bytes 2–3, little-endian (in file order)
+Strip source: pointer into the neighbouring map&apos;s block data.</translation>
     </message>
     <message>
         <source>Anbindungs-Eintrag, Bytes 4–5, Little Endian (in Dateireihenfolge)
 Ziel des Streifens: Adresse in der Arbeitskopie dieser Map (C700 = linke obere Ecke des Rands).</source>
-        <translation type="unfinished"></translation>
+        <translation>Connection entry, bytes 4–5, little-endian (in file order)
+Strip target: address in the working copy of this map (C700 = top left corner of the margin).</translation>
     </message>
     <message>
         <source>Anbindungs-Eintrag, Byte 6
 Länge des Streifens in Blöcken: Breite oben und unten, Höhe links und rechts.</source>
-        <translation type="unfinished"></translation>
+        <translation>Connection entry, byte 6
+Length of the strip in blocks: the width at the top and bottom, the height on the left and right.</translation>
     </message>
     <message>
         <source>Anbindungs-Eintrag, Byte 7
 Breite der Nachbar-Map in Blöcken.</source>
-        <translation type="unfinished"></translation>
+        <translation>Connection entry, byte 7
+Width of the neighbouring map in blocks.</translation>
     </message>
     <message>
         <source>Anbindungs-Eintrag, Byte 8 (Eingaben ändern Byte 9)
 Erstes Byte des Positionswechsels; der Editor rechnet nicht damit.</source>
-        <translation type="unfinished"></translation>
+        <translation>Connection entry, byte 8 (input changes byte 9)
+First byte of the position shift; the editor does not use it in its calculations.</translation>
     </message>
     <message>
         <source>Anbindungs-Eintrag, Byte 9
 Zweites Byte des Positionswechsels; der Editor rechnet nicht damit.</source>
-        <translation type="unfinished"></translation>
+        <translation>Connection entry, byte 9
+Second byte of the position shift; the editor does not use it in its calculations.</translation>
     </message>
     <message>
         <source>Anbindungs-Eintrag, Bytes 10–11, Little Endian (in Dateireihenfolge)
 Fenster: Adresse in der Arbeitskopie der Nachbar-Map.</source>
-        <translation type="unfinished"></translation>
+        <translation>Connection entry, bytes 10–11, little-endian (in file order)
+Window: address in the working copy of the neighbouring map.</translation>
     </message>
     <message>
         <source>Markiert unter Map Link Data den Block, auf den das Ziel (Bytes 4–5) zeigt.</source>
-        <translation type="unfinished"></translation>
+        <translation>Marks, under Map link data, the block the target (bytes 4–5) points to.</translation>
     </message>
     <message>
         <source>Öffnet die Nachbar-Map und markiert dort den Block, auf den das Fenster (Bytes 10–11) zeigt.</source>
-        <translation type="unfinished"></translation>
+        <translation>Opens the neighbouring map and marks the block there that the window (bytes 10–11) points to.</translation>
     </message>
     <message>
         <source>Öffnet die Nachbar-Map und markiert dort den Block, auf den die Quelle (Bytes 2–3) zeigt.</source>
-        <translation type="unfinished"></translation>
+        <translation>Opens the neighbouring map and marks the block there that the source (bytes 2–3) points to.</translation>
     </message>
     <message>
         <source>Blocknummern der Map aus ihren Blockdaten (Bytes 3–5 des sekundären Headers), mit dem Rand von 3 Blöcken
 Nur Anzeige; Pfeiltasten und Klicks wählen einen Block.</source>
-        <translation type="unfinished"></translation>
+        <translation>Block numbers of the map from its block data (bytes 3–5 of the secondary header), with the 3-block margin
+Display only; arrow keys and clicks select a block.</translation>
     </message>
     <message>
         <source>X-Position des gewählten Blocks in Blöcken
 Der Rand liegt bei −3 bis −1 und ab der Breite (Byte 2 des sekundären Headers).</source>
-        <translation type="unfinished"></translation>
+        <translation>X position of the selected block, in blocks
+The margin lies at −3 to −1 and from the width (byte 2 of the secondary header) on.</translation>
     </message>
     <message>
         <source>Y-Position des gewählten Blocks in Blöcken
 Der Rand liegt bei −3 bis −1 und ab der Höhe (Byte 1 des sekundären Headers).</source>
-        <translation type="unfinished"></translation>
+        <translation>Y position of the selected block, in blocks
+The margin lies at −3 to −1 and from the height (byte 1 of the secondary header) on.</translation>
     </message>
     <message>
         <source>Adresse des gewählten Blocks in den Blockdaten (NA im Rand)
 Der Wert für die Quelle (Bytes 2–3) einer Anbindung, die hierher zeigt.</source>
-        <translation type="unfinished"></translation>
+        <translation>Address of the selected block in the block data (N/A in the margin)
+The value for the source (bytes 2–3) of a connection that points here.</translation>
     </message>
     <message>
         <source>Adresse des gewählten Blocks in der Arbeitskopie des Spiels
 Der Wert für das Ziel (Bytes 4–5) einer Anbindung dieser Map oder das Fenster (Bytes 10–11) einer Anbindung hierher.</source>
-        <translation type="unfinished"></translation>
+        <translation>Address of the selected block in the game&apos;s working copy
+The value for the target (bytes 4–5) of a connection of this map, or for the window (bytes 10–11) of a connection to here.</translation>
     </message>
     <message>
         <source>Warp-Eintrag, Byte 1 (dezimal)
 X-Position des Warps in Tiles; ein Block ist 2 Tiles breit.</source>
-        <translation type="unfinished"></translation>
+        <translation>Warp entry, byte 1 (decimal)
+X position of the warp in tiles; a block is 2 tiles wide.</translation>
     </message>
     <message>
         <source>Warp-Eintrag, Byte 0 (dezimal)
 Y-Position des Warps in Tiles; ein Block ist 2 Tiles hoch.</source>
-        <translation type="unfinished"></translation>
+        <translation>Warp entry, byte 0 (decimal)
+Y position of the warp in tiles; a block is 2 tiles high.</translation>
     </message>
     <message>
         <source>Warp-Eintrag, Byte 2
 Nummer des Warps der Ziel-Map, bei dem man ankommt (ab 1).</source>
-        <translation type="unfinished"></translation>
+        <translation>Warp entry, byte 2
+Number of the warp in the target map where you arrive (starting at 1).</translation>
     </message>
     <message>
         <source>Warp-Eintrag, Byte 3
 Map-Bank der Ziel-Map.</source>
-        <translation type="unfinished"></translation>
+        <translation>Warp entry, byte 3
+Map bank of the target map.</translation>
     </message>
     <message>
         <source>Warp-Eintrag, Byte 4
 Nummer der Ziel-Map in ihrer Bank (ab 1).</source>
-        <translation type="unfinished"></translation>
+        <translation>Warp entry, byte 4
+Number of the target map within its bank (starting at 1).</translation>
     </message>
     <message>
         <source>Trigger-Eintrag, Byte 2 (dezimal)
 X-Position des Triggers in Tiles.</source>
-        <translation type="unfinished"></translation>
+        <translation>Trigger entry, byte 2 (decimal)
+X position of the trigger in tiles.</translation>
     </message>
     <message>
         <source>Trigger-Eintrag, Byte 1 (dezimal)
 Y-Position des Triggers in Tiles.</source>
-        <translation type="unfinished"></translation>
+        <translation>Trigger entry, byte 1 (decimal)
+Y position of the trigger in tiles.</translation>
     </message>
     <message>
         <source>Trigger-Eintrag, Byte 0
 Status-Byte; der Editor zeigt und speichert es nur.</source>
-        <translation type="unfinished"></translation>
+        <translation>Trigger entry, byte 0
+Status byte; the editor only shows and saves it.</translation>
     </message>
     <message>
         <source>Trigger-Eintrag, Byte 3
 Reserviertes Byte; der Editor zeigt und speichert es nur.</source>
-        <translation type="unfinished"></translation>
+        <translation>Trigger entry, byte 3
+Reserved byte; the editor only shows and saves it.</translation>
     </message>
     <message>
         <source>Trigger-Eintrag, Bytes 4–5 (in Dateireihenfolge)
 Pointer auf das Script des Triggers, in der Bank links daneben.</source>
-        <translation type="unfinished"></translation>
+        <translation>Trigger entry, bytes 4–5 (in file order)
+Pointer to the trigger&apos;s script, in the bank to its left.</translation>
     </message>
     <message>
         <source>Trigger-Eintrag, Byte 6
 Reserviertes Byte; der Editor zeigt und speichert es nur.</source>
-        <translation type="unfinished"></translation>
+        <translation>Trigger entry, byte 6
+Reserved byte; the editor only shows and saves it.</translation>
     </message>
     <message>
         <source>Trigger-Eintrag, Byte 7
 Reserviertes Byte; der Editor zeigt und speichert es nur.</source>
-        <translation type="unfinished"></translation>
+        <translation>Trigger entry, byte 7
+Reserved byte; the editor only shows and saves it.</translation>
     </message>
     <message>
         <source>Sign-Eintrag, Byte 1 (dezimal)
 X-Position des Schilds in Tiles.</source>
-        <translation type="unfinished"></translation>
+        <translation>Sign entry, byte 1 (decimal)
+X position of the sign in tiles.</translation>
     </message>
     <message>
         <source>Sign-Eintrag, Byte 0 (dezimal)
 Y-Position des Schilds in Tiles.</source>
-        <translation type="unfinished"></translation>
+        <translation>Sign entry, byte 0 (decimal)
+Y position of the sign in tiles.</translation>
     </message>
     <message>
         <source>Sign-Eintrag, Byte 2
 Typ-Byte des Schilds; der Editor zeigt und speichert es nur.</source>
-        <translation type="unfinished"></translation>
+        <translation>Sign entry, byte 2
+Type byte of the sign; the editor only shows and saves it.</translation>
     </message>
     <message>
         <source>Sign-Eintrag, Bytes 3–4 (in Dateireihenfolge)
 Pointer auf das Script des Schilds, in der Bank links daneben.</source>
-        <translation type="unfinished"></translation>
+        <translation>Sign entry, bytes 3–4 (in file order)
+Pointer to the sign&apos;s script, in the bank to its left.</translation>
     </message>
     <message>
         <source>People-Eintrag, Byte 2 (dezimal)
 X-Position der Person in Tiles plus 4: 4 ist die linke Spalte der Map.</source>
-        <translation type="unfinished"></translation>
+        <translation>People entry, byte 2 (decimal)
+X position of the person in tiles plus 4: 4 is the leftmost column of the map.</translation>
     </message>
     <message>
         <source>People-Eintrag, Byte 1 (dezimal)
 Y-Position der Person in Tiles plus 4: 4 ist die oberste Zeile der Map.</source>
-        <translation type="unfinished"></translation>
+        <translation>People entry, byte 1 (decimal)
+Y position of the person in tiles plus 4: 4 is the top row of the map.</translation>
     </message>
     <message>
         <source>People-Eintrag, Byte 0
 Nummer des Bildes der Person.</source>
-        <translation type="unfinished"></translation>
+        <translation>People entry, byte 0
+Sprite number of the person.</translation>
     </message>
     <message>
         <source>People-Eintrag, Byte 3
 Blickrichtung der Person.</source>
-        <translation type="unfinished"></translation>
+        <translation>People entry, byte 3
+Direction the person is facing.</translation>
     </message>
     <message>
         <source>People-Eintrag, Byte 4
 Bewegung der Person.</source>
-        <translation type="unfinished"></translation>
+        <translation>People entry, byte 4
+Movement of the person.</translation>
     </message>
     <message>
         <source>People-Eintrag, Byte 5
 Zeitabhängigkeit der Person.</source>
-        <translation type="unfinished"></translation>
+        <translation>People entry, byte 5
+Time dependence of the person.</translation>
     </message>
     <message>
         <source>People-Eintrag, Byte 6
 Zeitraum der Person.</source>
-        <translation type="unfinished"></translation>
+        <translation>People entry, byte 6
+Time period of the person.</translation>
     </message>
     <message>
         <source>People-Eintrag, Byte 7
 Funktion der Person.</source>
-        <translation type="unfinished"></translation>
+        <translation>People entry, byte 7
+Function of the person.</translation>
     </message>
     <message>
         <source>People-Eintrag, Byte 8
 Sichtweite der Person.</source>
-        <translation type="unfinished"></translation>
+        <translation>People entry, byte 8
+Sight range of the person.</translation>
     </message>
     <message>
         <source>People-Eintrag, Bytes 9–10 (in Dateireihenfolge)
 Pointer auf das Script der Person, in der Bank links daneben.</source>
-        <translation type="unfinished"></translation>
+        <translation>People entry, bytes 9–10 (in file order)
+Pointer to the person&apos;s script, in the bank to its left.</translation>
     </message>
     <message>
         <source>People-Eintrag, Bytes 11–12 (in Dateireihenfolge)
 Bedingung, unter der die Person sichtbar ist.</source>
-        <translation type="unfinished"></translation>
+        <translation>People entry, bytes 11–12 (in file order)
+Condition under which the person is visible.</translation>
     </message>
     <message>
         <source>Enter-Script-Eintrag, Bytes 0–1 (in Dateireihenfolge)
 Pointer auf das Script, das beim Betreten der Map läuft, in der Bank links daneben.</source>
-        <translation type="unfinished"></translation>
+        <translation>Enter script entry, bytes 0–1 (in file order)
+Pointer to the script that runs when the map is entered, in the bank to its left.</translation>
     </message>
     <message>
         <source>Enter-Script-Eintrag, Byte 2
 Reserviertes Byte; der Editor zeigt und speichert es nur.</source>
-        <translation type="unfinished"></translation>
+        <translation>Enter script entry, byte 2
+Reserved byte; the editor only shows and saves it.</translation>
     </message>
     <message>
         <source>Enter-Script-Eintrag, Byte 3
 Reserviertes Byte; der Editor zeigt und speichert es nur.</source>
-        <translation type="unfinished"></translation>
+        <translation>Enter script entry, byte 3
+Reserved byte; the editor only shows and saves it.</translation>
     </message>
     <message>
         <source>Time-Script-Eintrag, Byte 0
 Bedingung des Time-Scripts.</source>
-        <translation type="unfinished"></translation>
+        <translation>Time script entry, byte 0
+Condition of the time script.</translation>
     </message>
     <message>
         <source>Time-Script-Eintrag, Bytes 1–2 (in Dateireihenfolge)
 Pointer auf das Time-Script, in der Bank links daneben.</source>
-        <translation type="unfinished"></translation>
+        <translation>Time script entry, bytes 1–2 (in file order)
+Pointer to the time script, in the bank to its left.</translation>
     </message>
 </context>
 <context>
     <name>kartova::AboutWindow</name>
     <message>
         <source>Über Kartova</source>
-        <translation type="unfinished"></translation>
+        <translation>About Kartova</translation>
     </message>
     <message>
         <source>Es wird keine Haftung für eventuelle Schäden jeglicher Art übernommen.</source>
-        <translation type="unfinished"></translation>
+        <translation>No liability is accepted for any damage of any kind.</translation>
     </message>
     <message>
         <source>Version 1.38 Final</source>
-        <translation type="unfinished"></translation>
+        <translation>Version 1.38 Final</translation>
     </message>
     <message>
         <source>Gesamte Programmierung und Design
 2026 Das Kartova-Team</source>
-        <translation type="unfinished"></translation>
+        <translation>All programming and design
+2026 The Kartova team</translation>
     </message>
     <message>
         <source>Unterstützte Roms:</source>
-        <translation type="unfinished"></translation>
+        <translation>Supported ROMs:</translation>
     </message>
     <message>
         <source>Jede Edition mit einer Rom-Definition
 (Kartova.ini oder Registry)</source>
-        <translation type="unfinished"></translation>
+        <translation>Any edition with a ROM definition
+(Kartova.ini or registry)</translation>
     </message>
     <message>
         <source>Sprachversionen:</source>
-        <translation type="unfinished"></translation>
+        <translation>Language versions:</translation>
     </message>
     <message>
         <source>Deutsch</source>
-        <translation type="unfinished"></translation>
+        <translation>German, English</translation>
     </message>
 </context>
 <context>
     <name>kartova::ConnectionFrame</name>
     <message>
         <source>(Oben)</source>
-        <translation type="unfinished"></translation>
+        <translation>(Top)</translation>
     </message>
     <message>
         <source>(Unten)</source>
-        <translation type="unfinished"></translation>
+        <translation>(Bottom)</translation>
     </message>
     <message>
         <source>(Links)</source>
-        <translation type="unfinished"></translation>
+        <translation>(Left)</translation>
     </message>
     <message>
         <source>(Rechts)</source>
-        <translation type="unfinished"></translation>
+        <translation>(Right)</translation>
     </message>
     <message>
         <source>Ziel zeigen</source>
-        <translation type="unfinished"></translation>
+        <translation>Show target</translation>
     </message>
     <message>
         <source>Fenster zeigen</source>
-        <translation type="unfinished"></translation>
+        <translation>Show window</translation>
     </message>
     <message>
         <source>Quelle zeigen</source>
-        <translation type="unfinished"></translation>
+        <translation>Show source</translation>
     </message>
     <message>
         <source>Anbindungen</source>
-        <translation type="unfinished"></translation>
+        <translation>Connections</translation>
     </message>
     <message>
         <source>Vorhandene Anbindungen der geladenen Map</source>
-        <translation type="unfinished"></translation>
+        <translation>Existing connections of the loaded map</translation>
     </message>
     <message>
         <source>Map: B/N</source>
-        <translation type="unfinished"></translation>
+        <translation>Map: B/N</translation>
     </message>
     <message>
         <source>Sichtteil:</source>
-        <translation type="unfinished"></translation>
+        <translation>Strip:</translation>
     </message>
     <message>
         <source>Map-Breite:</source>
-        <translation type="unfinished"></translation>
+        <translation>Map width:</translation>
     </message>
     <message>
         <source>Wechsel:</source>
-        <translation type="unfinished"></translation>
+        <translation>Shift:</translation>
     </message>
     <message>
         <source>Fenster:</source>
-        <translation type="unfinished"></translation>
+        <translation>Window:</translation>
     </message>
     <message>
         <source>Vorhanden:</source>
-        <translation type="unfinished"></translation>
+        <translation>Existing:</translation>
     </message>
 </context>
 <context>
     <name>kartova::EventPage</name>
     <message>
         <source>Daten</source>
-        <translation type="unfinished"></translation>
+        <translation>Data</translation>
     </message>
     <message>
         <source>Warp</source>
-        <translation type="unfinished"></translation>
+        <translation>Warp</translation>
     </message>
     <message>
         <source>Trigger</source>
-        <translation type="unfinished"></translation>
+        <translation>Trigger</translation>
     </message>
     <message>
         <source>Sign</source>
-        <translation type="unfinished"></translation>
+        <translation>Sign</translation>
     </message>
     <message>
         <source>People</source>
-        <translation type="unfinished"></translation>
+        <translation>People</translation>
     </message>
     <message>
         <source>Enter</source>
-        <translation type="unfinished"></translation>
+        <translation>Enter</translation>
     </message>
     <message>
         <source>Time</source>
-        <translation type="unfinished"></translation>
+        <translation>Time</translation>
     </message>
     <message>
         <source>Warp </source>
-        <translation type="unfinished"></translation>
+        <translation>Warp </translation>
     </message>
     <message>
         <source>Trigger </source>
-        <translation type="unfinished"></translation>
+        <translation>Trigger </translation>
     </message>
     <message>
         <source>Signpost </source>
-        <translation type="unfinished"></translation>
+        <translation>Sign </translation>
     </message>
     <message>
         <source>People </source>
-        <translation type="unfinished"></translation>
+        <translation>Person </translation>
     </message>
     <message>
         <source>Enter-Script </source>
-        <translation type="unfinished"></translation>
+        <translation>Enter script </translation>
     </message>
     <message>
         <source>Time-Script </source>
-        <translation type="unfinished"></translation>
+        <translation>Time script </translation>
     </message>
 </context>
 <context>
     <name>kartova::HeaderPage</name>
     <message>
         <source>Oben</source>
-        <translation type="unfinished"></translation>
+        <translation>Top</translation>
     </message>
     <message>
         <source>Unten</source>
-        <translation type="unfinished"></translation>
+        <translation>Bottom</translation>
     </message>
     <message>
         <source>Links</source>
-        <translation type="unfinished"></translation>
+        <translation>Left</translation>
     </message>
     <message>
         <source>Rechts</source>
-        <translation type="unfinished"></translation>
+        <translation>Right</translation>
     </message>
     <message>
         <source>Primary Mapheader</source>
-        <translation type="unfinished"></translation>
+        <translation>Primary map header</translation>
     </message>
     <message>
         <source>Bank:</source>
-        <translation type="unfinished"></translation>
+        <translation>Bank:</translation>
     </message>
     <message>
         <source>Tileset:</source>
-        <translation type="unfinished"></translation>
+        <translation>Tileset:</translation>
     </message>
     <message>
         <source>Spite Set</source>
-        <translation type="unfinished"></translation>
+        <translation>Sprite set</translation>
     </message>
     <message>
         <source>Point:</source>
-        <translation type="unfinished"></translation>
+        <translation>Pointer:</translation>
     </message>
     <message>
         <source>Title:</source>
-        <translation type="unfinished"></translation>
+        <translation>Location name:</translation>
     </message>
     <message>
         <source>Music:</source>
-        <translation type="unfinished"></translation>
+        <translation>Music:</translation>
     </message>
     <message>
         <source>Lighting</source>
-        <translation type="unfinished"></translation>
+        <translation>Lighting</translation>
     </message>
     <message>
         <source>Byte-Nr.:</source>
-        <translation type="unfinished"></translation>
+        <translation>Byte no.:</translation>
     </message>
     <message>
         <source>Secondary Map Header</source>
-        <translation type="unfinished"></translation>
+        <translation>Secondary map header</translation>
     </message>
     <message>
         <source>Border:</source>
-        <translation type="unfinished"></translation>
+        <translation>Border block:</translation>
     </message>
     <message>
         <source>size:</source>
-        <translation type="unfinished"></translation>
+        <translation>Size:</translation>
     </message>
     <message>
         <source> X / Y</source>
-        <translation type="unfinished"></translation>
+        <translation> X / Y</translation>
     </message>
     <message>
         <source>Map-Pointer:</source>
-        <translation type="unfinished"></translation>
+        <translation>Map pointer:</translation>
     </message>
     <message>
         <source>Script: (2)</source>
-        <translation type="unfinished"></translation>
+        <translation>Script: (2)</translation>
     </message>
     <message>
         <source>Event: (2)</source>
-        <translation type="unfinished"></translation>
+        <translation>Event: (2)</translation>
     </message>
     <message>
         <source>Links:</source>
-        <translation type="unfinished"></translation>
+        <translation>Connections:</translation>
     </message>
 </context>
 <context>
     <name>kartova::LinkDataFrame</name>
     <message>
         <source>X:</source>
-        <translation type="unfinished"></translation>
+        <translation>X:</translation>
     </message>
     <message>
         <source>Y:</source>
-        <translation type="unfinished"></translation>
+        <translation>Y:</translation>
     </message>
     <message>
         <source>Block-Pointer:</source>
-        <translation type="unfinished"></translation>
+        <translation>Block pointer:</translation>
     </message>
     <message>
         <source>RAM-Adresse:</source>
-        <translation type="unfinished"></translation>
+        <translation>RAM address:</translation>
     </message>
     <message>
         <source>Map Link Data</source>
-        <translation type="unfinished"></translation>
+        <translation>Map link data</translation>
     </message>
 </context>
 <context>
     <name>kartova::MapSelector</name>
     <message>
         <source>Mapbank %1</source>
-        <translation type="unfinished"></translation>
+        <translation>Map bank %1</translation>
     </message>
 </context>
 <context>
     <name>kartova::WuselixPage</name>
     <message>
         <source>Morgens</source>
-        <translation type="unfinished"></translation>
+        <translation>Morning</translation>
     </message>
     <message>
         <source>Tags</source>
-        <translation type="unfinished"></translation>
+        <translation>Day</translation>
     </message>
     <message>
         <source>Abends</source>
-        <translation type="unfinished"></translation>
+        <translation>Night</translation>
     </message>
     <message>
         <source>Abschnitte</source>
-        <translation type="unfinished"></translation>
+        <translation>Sections</translation>
     </message>
     <message>
         <source>Tageszeit</source>
-        <translation type="unfinished"></translation>
+        <translation>Time of day</translation>
     </message>
     <message>
         <source>Wuselix</source>
-        <translation type="unfinished"></translation>
+        <translation>Wuselix</translation>
     </message>
 </context>
 </TS>
