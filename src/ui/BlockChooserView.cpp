@@ -1,7 +1,9 @@
 #include "ui/BlockChooserView.h"
 
+#include <QCoreApplication>
 #include <QHBoxLayout>
 #include <QScrollBar>
+#include <QWheelEvent>
 #include <algorithm>
 
 #include "gfx/BlockSet.h"
@@ -10,9 +12,19 @@
 
 namespace kartova {
 
+namespace {
+
+// The labels BlockText is called with.
+[[maybe_unused]] constexpr const char* kBlockLabels[] = {
+    QT_TRANSLATE_NOOP("BlockText", "Block: "),
+    QT_TRANSLATE_NOOP("BlockText", "Auswahl: "),
+};
+
+}  // namespace
+
 QString BlockText(const char* label, int block) {
   const QString digits = QStringLiteral("%1").arg(block & 0xFF, 2, 16, QLatin1Char('0'));
-  return QString::fromLatin1(label) + digits.toUpper();
+  return QCoreApplication::translate("BlockText", label) + digits.toUpper();
 }
 
 BlockChooserView::BlockChooserView(QWidget* parent) : QWidget(parent) {
@@ -39,6 +51,10 @@ BlockChooserView::BlockChooserView(QWidget* parent) : QWidget(parent) {
   layout->addWidget(picture_);
   layout->addWidget(scroll_);
 
+  // The wheel over the picture or the bar comes here: the bar's own handling would scroll a
+  // page with Shift and ignore Ctrl.
+  picture_->installEventFilter(this);
+  scroll_->installEventFilter(this);
   connect(scroll_, &QScrollBar::valueChanged, this, [this] { Draw(); });
   connect(picture_, &IndexedPictureBox::MousePressed, this, [this] { Press(); });
   connect(picture_, &IndexedPictureBox::MouseMoved, this,
@@ -58,6 +74,25 @@ void BlockChooserView::SetZoom(int zoom) {
   selection_marker_->MoveTo(selection.left, selection.top);
   const BlockChooser::MarkerPosition hover = chooser_.BlockMarker(hovered_, v);
   hover_marker_->MoveTo(hover.left, hover.top);
+}
+
+void BlockChooserView::wheelEvent(QWheelEvent* event) { Wheel(*event); }
+
+bool BlockChooserView::eventFilter(QObject* watched, QEvent* event) {
+  if (event->type() != QEvent::Wheel) return QWidget::eventFilter(watched, event);
+  Wheel(static_cast<QWheelEvent&>(*event));
+  return true;
+}
+
+// The column has nothing to show sideways: Shift with the wheel scrolls it up and down too.
+void BlockChooserView::Wheel(QWheelEvent& event) {
+  event.accept();
+  const WheelNotches::Steps steps = wheel_.Add(event, false);
+  if (steps.zoom_in != 0) {
+    emit ZoomRequested(steps.zoom_in > 0);
+    return;
+  }
+  ScrollByNotches(*scroll_, steps.down + steps.right);
 }
 
 void BlockChooserView::SetupScrollRange() {

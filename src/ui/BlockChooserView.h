@@ -5,6 +5,7 @@
 #include <functional>
 
 #include "gfx/BlockChooser.h"
+#include "ui/WheelNotches.h"
 
 class QScrollBar;
 
@@ -17,7 +18,8 @@ class IndexedPictureBox;
 // The block chooser: Picture2 with VScroll2, every block of the tileset in a column n blocks
 // wide (two at normal size, one when zoomed; always 64 pixels), a frame around the selected
 // block and one around the block under the mouse. Pressing picks the hovered block, dragging
-// keeps picking. Nothing is drawn or picked while the view lock is 1.
+// keeps picking. Nothing is drawn or picked while the view lock is 1. The wheel scrolls through
+// VScroll2; Ctrl with the wheel asks for a zoom.
 class BlockChooserView : public QWidget {
   Q_OBJECT
 
@@ -56,9 +58,16 @@ class BlockChooserView : public QWidget {
   void HoverText(const QString& text);
   // "Auswahl: XX" for status bar panel 5.
   void SelectionText(const QString& text);
+  // Ctrl with the wheel: in (turned away from the user) or out.
+  void ZoomRequested(bool in);
+
+ protected:
+  void wheelEvent(QWheelEvent* event) override;
+  bool eventFilter(QObject* watched, QEvent* event) override;
 
  private:
   bool Locked() const { return view_lock_ && view_lock_() == 1; }
+  void Wheel(QWheelEvent& event);
   void Press();
   void Move(QPoint position);
   void Release();
@@ -76,9 +85,11 @@ class BlockChooserView : public QWidget {
   int last_scroll_ = -1;
   bool button_held_ = false;
   QPoint last_mouse_;
+  WheelNotches wheel_;
 };
 
-// "Block: " or "Auswahl: " and the block as two upper-case hexadecimal digits.
+// "Block: " or "Auswahl: " and the block as two upper-case hexadecimal digits. The label is
+// translated in the context "BlockText".
 QString BlockText(const char* label, int block);
 
 }  // namespace kartova

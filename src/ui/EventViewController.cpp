@@ -151,7 +151,7 @@ const MarkerSet& EventViewController::Markers(int cell) {
   // The view goes on without what could not be read; saying so once is enough.
   if (failed && !marker_failure_shown_) {
     marker_failure_shown_ = true;
-    context_.prompter().Message(QStringLiteral("Das Alphablending ist fehlgeschlagen"));
+    context_.prompter().Message(tr("Das Alphablending ist fehlgeschlagen"));
   }
   return found->second;
 }

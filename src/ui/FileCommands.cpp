@@ -2,30 +2,40 @@
 // before unsaved edits would be lost.
 
 #include <QAction>
+#include <QCoreApplication>
+#include <QDir>
 #include <QFileInfo>
-#include <QKeySequence>
 #include <QMenu>
 
+#include "settings/SettingsStore.h"
+#include "ui/CoreTexts.h"
 #include "ui/EventPage.h"
 #include "ui/EventViewController.h"
 #include "ui/GraphicsController.h"
 #include "ui/HeaderPage.h"
 #include "ui/MainWindow.h"
 #include "ui/Prompter.h"
+#include "ui/RecentFiles.h"
 #include "ui/ScopeExit.h"
 
 namespace kartova {
 
 namespace {
 
-constexpr const char* kSaveAsTitle = "Rom Speichern Unter";
-constexpr const char* kSaveAsFilter =
+constexpr const char* kSaveAsTitle = QT_TRANSLATE_NOOP("kartova::MainWindow", "Rom Speichern Unter");
+constexpr const char* kSaveAsFilter = QT_TRANSLATE_NOOP(
+    "kartova::MainWindow",
     "Alle Gameboy-Roms (*.gb*)|*.gbc;*.gb*|Backup-Dateien (*.bak;*.old)|*.bak;*.old|Alle Dateien "
-    "(*.*)|*.*";
-constexpr const char* kExportTitle = "Map Exportieren";
-constexpr const char* kImportTitle = "Map Importieren";
-constexpr const char* kMapFilter = "Map-Dateien (*.map)|*.map|Alle Dateien (*.*)|*.*";
-constexpr const char* kSaveQuestion = "Änderungen speichern?";
+    "(*.*)|*.*");
+constexpr const char* kExportTitle = QT_TRANSLATE_NOOP("kartova::MainWindow", "Map Exportieren");
+constexpr const char* kImportTitle = QT_TRANSLATE_NOOP("kartova::MainWindow", "Map Importieren");
+constexpr const char* kMapFilter =
+    QT_TRANSLATE_NOOP("kartova::MainWindow", "Map-Dateien (*.map)|*.map|Alle Dateien (*.*)|*.*");
+constexpr const char* kSaveQuestion = QT_TRANSLATE_NOOP("kartova::MainWindow", "Änderungen speichern?");
+
+constexpr const char* kSettings = "Settings";
+
+QString WholePath(const QString& path) { return QFileInfo(path).absoluteFilePath(); }
 
 // More changed cells than this are drawn by redrawing the view rather than block by block.
 constexpr std::size_t kMostPatchedCells = 64;
@@ -47,9 +57,6 @@ void MainWindow::ConnectSaveItems() {
 }
 
 void MainWindow::ConnectEditItems() {
-  menu_->Item(QStringLiteral("mnuUndo"))->setShortcut(QKeySequence::Undo);
-  menu_->Item(QStringLiteral("mnuRedo"))
-      ->setShortcuts({QKeySequence(Qt::CTRL | Qt::Key_Y), QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_Z)});
   menu_->OnClick("mnuUndo", this, [this] { Guarded([this] { ClickUndo(); }); });
   menu_->OnClick("mnuRedo", this, [this] { Guarded([this] { ClickRedo(); }); });
 }
@@ -60,19 +67,19 @@ bool MainWindow::SaveRom(std::int16_t scope) {
   // Another program wrote the ROM after this map was loaded: its changes outside this map stay,
   // but the user decides whether this map goes over whatever it wrote there.
   if (document_.MapLoaded() && document_.ChangedOnDisk() &&
-      prompter_.Message(QStringLiteral("Die Datei \"%1\" wurde seit dem Laden der Map von einem anderen "
-                                       "Programm verändert. Trotzdem speichern?\n\nGeschrieben werden nur "
-                                       "die Header, Blöcke und Events dieser Map; alles andere bleibt, wie "
-                                       "es in der Datei steht.")
-                            .arg(rom_path_),
+      prompter_.Message(tr("Die Datei \"%1\" wurde seit dem Laden der Map von einem anderen "
+                           "Programm verändert. Trotzdem speichern?\n\nGeschrieben werden nur "
+                           "die Header, Blöcke und Events dieser Map; alles andere bleibt, wie "
+                           "es in der Datei steht.")
+                            .arg(WholePath(rom_path_)),
                         kMessageTitle, Prompter::Buttons::kYesNo, Prompter::Icon::kExclamation) !=
           Prompter::Answer::kYes)
     return false;
   try {
     document_.SaveRom(scope);
   } catch (const FileWriteError& error) {
-    ShowFileError(QStringLiteral("Die Datei \"%1\" konnte nicht gespeichert werden.")
-                      .arg(QString::fromStdString(error.path())),
+    ShowFileError(tr("Die Datei \"%1\" konnte nicht gespeichert werden.")
+                      .arg(WholePath(QString::fromStdString(error.path()))),
                   error);
     DocumentEdited();
     return false;
@@ -89,17 +96,18 @@ void MainWindow::ClickSaveScope(std::int16_t scope) {
 
 void MainWindow::ClickSaveAs() {
   const std::optional<QString> chosen =
-      prompter_.SaveFile(QString::fromUtf8(kSaveAsTitle), RomDirectory(),
-                         QtNameFilters(QString::fromUtf8(kSaveAsFilter)));
+      prompter_.SaveFile(tr(kSaveAsTitle), DialogFolder(), QtNameFilters(tr(kSaveAsFilter)));
   if (!chosen) return;
+  RememberFolder(*chosen);
   try {
     document_.SaveRomAs(chosen->toStdString());
   } catch (const FileWriteError& error) {
     // Nothing was written: the ROM opened before stays the current one.
-    ShowFileError(QStringLiteral("Die Datei \"%1\" konnte nicht gespeichert werden.").arg(*chosen), error);
+    ShowFileError(tr("Die Datei \"%1\" konnte nicht gespeichert werden.").arg(WholePath(*chosen)), error);
     return;
   }
   rom_path_ = *chosen;
+  recent_files_->Add(rom_path_);
   setWindowTitle(QString::fromLatin1(kProgramTitle) + QStringLiteral(" - ") +
                  QFileInfo(*chosen).fileName() + QStringLiteral("[*]"));
   menu_->SetEnabled("mnuSave", true);
@@ -110,38 +118,52 @@ void MainWindow::ClickSaveAs() {
 
 void MainWindow::ClickExportMap() {
   if (!document_.MapLoaded()) return;
-  const std::optional<QString> chosen = prompter_.SaveFile(
-      QString::fromUtf8(kExportTitle), RomDirectory(), QtNameFilters(QString::fromUtf8(kMapFilter)));
+  const std::optional<QString> chosen =
+      prompter_.SaveFile(tr(kExportTitle), DialogFolder(), QtNameFilters(tr(kMapFilter)));
   if (!chosen) return;
+  RememberFolder(*chosen);
   try {
     document_.ExportMap(chosen->toStdString());
   } catch (const FileWriteError& error) {
-    ShowFileError(QStringLiteral("Die Map konnte nicht nach \"%1\" exportiert werden.").arg(*chosen), error);
+    ShowFileError(tr("Die Map konnte nicht nach \"%1\" exportiert werden.").arg(WholePath(*chosen)), error);
   }
 }
 
 void MainWindow::ClickImportMap() {
   if (!document_.MapLoaded()) return;
-  const std::optional<QString> chosen = prompter_.OpenFile(
-      QString::fromUtf8(kImportTitle), RomDirectory(), QtNameFilters(QString::fromUtf8(kMapFilter)));
+  const std::optional<QString> chosen =
+      prompter_.OpenFile(tr(kImportTitle), DialogFolder(), QtNameFilters(tr(kMapFilter)));
   if (!chosen) return;
+  RememberFolder(*chosen);
   MapImport imported;
   try {
     imported = document_.ImportMap(chosen->toStdString());
   } catch (const FileWriteError& error) {
-    ShowFileError(QStringLiteral("Die Map \"%1\" konnte nicht importiert werden.").arg(*chosen), error);
+    ShowFileError(tr("Die Map \"%1\" konnte nicht importiert werden.").arg(WholePath(*chosen)), error);
     return;
   }
   ApplyDocumentChange(imported.change);
 }
 
+// The message names the file; the system's reason follows below it, and the details name the
+// file the system refused, which for a save may be the temporary file beside the ROM.
 void MainWindow::ShowFileError(const QString& what, const FileWriteError& error) {
-  prompter_.Message(what + QStringLiteral("\n\n") + QString::fromStdString(error.reason()),
-                    kMessageTitle, Prompter::Buttons::kOk, Prompter::Icon::kCritical);
+  prompter_.Message(what + QStringLiteral("\n\n") + tr("Grund: %1").arg(QString::fromStdString(error.reason())),
+                    kMessageTitle, Prompter::Buttons::kOk, Prompter::Icon::kCritical,
+                    tr("Datei: %1").arg(WholePath(QString::fromStdString(error.path()))));
 }
 
-QString MainWindow::RomDirectory() const {
-  return rom_path_.isEmpty() ? open_dialog_dir_ : QFileInfo(rom_path_).absolutePath();
+QString MainWindow::DialogFolder() const {
+  if (!rom_path_.isEmpty()) return QFileInfo(rom_path_).absolutePath();
+  const QString last = QString::fromStdString(settings_.ReadSetting(kSettings, "LastFolder", ""));
+  if (!last.isEmpty() && QFileInfo(last).isDir()) return last;
+  return QDir::homePath();
+}
+
+void MainWindow::RememberFolder(const QString& chosen) {
+  const std::string folder = QFileInfo(chosen).absolutePath().toStdString();
+  if (settings_.ReadSetting(kSettings, "LastFolder", "") != folder)
+    settings_.WriteSetting(kSettings, "LastFolder", folder);
 }
 
 // ---- Edit menu ------------------------------------------------------------------------------
@@ -181,14 +203,19 @@ void MainWindow::DocumentEdited() {
   undo->setEnabled(history.CanUndo());
   redo->setEnabled(history.CanRedo());
   // The step's name shows where a menu shows hints.
-  undo->setStatusTip(QString::fromStdString(history.UndoText()));
-  redo->setStatusTip(QString::fromStdString(history.RedoText()));
+  const auto tip = [](const QString& what, const std::string& step) {
+    return step.empty() ? what : what + QStringLiteral(": ") + CoreText(step);
+  };
+  undo->setStatusTip(
+      tip(QCoreApplication::translate("MainMenu", "Nimmt den letzten Schritt zurück"), history.UndoText()));
+  redo->setStatusTip(tip(QCoreApplication::translate("MainMenu", "Führt den zurückgenommenen Schritt wieder aus"),
+                         history.RedoText()));
 }
 
 bool MainWindow::ConfirmDiscardChanges() {
   if (!document_.IsModified()) return true;
   const Prompter::Answer answer =
-      prompter_.Message(QString::fromUtf8(kSaveQuestion), kMessageTitle,
+      prompter_.Message(tr(kSaveQuestion), kMessageTitle,
                         Prompter::Buttons::kYesNoCancel, Prompter::Icon::kQuestion);
   if (answer == Prompter::Answer::kNo) return true;
   if (answer != Prompter::Answer::kYes) return false;

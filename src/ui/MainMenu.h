@@ -14,8 +14,9 @@ namespace kartova {
 
 // The main window's menu bar. Every item carries its form name as objectName (`mnuSave`,
 // `mnuDay0`, ...); a submenu's QMenu and its entry in the parent menu both carry the name.
-// Items are created with their design-time captions, check marks and enabled states; their
-// behaviour is connected by the main window.
+// Items are created with their design-time captions, check marks and enabled states, their
+// status tips and their keys; their behaviour is connected by the main window. Captions and
+// tips are translated in the context "MainMenu".
 class MainMenu {
  public:
   explicit MainMenu(QMenuBar* bar);

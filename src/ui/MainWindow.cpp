@@ -2,6 +2,7 @@
 
 #include <QCloseEvent>
 #include <QComboBox>
+#include <QCoreApplication>
 #include <QFrame>
 #include <QHBoxLayout>
 #include <QLabel>
@@ -12,6 +13,7 @@
 #include <QTabBar>
 #include <QVBoxLayout>
 #include <algorithm>
+#include <string_view>
 
 #include "settings/SettingsStore.h"
 #include "ui/AboutWindow.h"
@@ -25,6 +27,7 @@
 #include "ui/MapPage.h"
 #include "ui/MapSelector.h"
 #include "ui/Prompter.h"
+#include "ui/RecentFiles.h"
 #include "ui/ScopeExit.h"
 #include "ui/WuselixPage.h"
 
@@ -33,7 +36,10 @@ namespace {
 
 constexpr const char* kSettings = "Settings";
 
-constexpr const char* kTabCaptions[] = {" Map ", " Events ", " Wuselix data ", " Mapheader "};
+constexpr const char* kTabCaptions[] = {
+    QT_TRANSLATE_NOOP("kartova::MainWindow", " Map "), QT_TRANSLATE_NOOP("kartova::MainWindow", " Events "),
+    QT_TRANSLATE_NOOP("kartova::MainWindow", " Wuselix data "),
+    QT_TRANSLATE_NOOP("kartova::MainWindow", " Mapheader ")};
 
 // The Palette / Lighting items by time of day; 8 is "Auto".
 constexpr const char* kDayItems[] = {"mnuDay0", "mnuDay1", "mnuDay2", "mnuDay3", "mnuDay4",
@@ -43,27 +49,33 @@ const char* DayItem(int time_of_day) {
   return time_of_day >= 0 && time_of_day <= 8 ? kDayItems[time_of_day] : nullptr;
 }
 
-constexpr const char* kApplyTitle = "Änderungen übernehmen?";
-constexpr const char* kApplyText =
+constexpr const char* kApplyTitle = QT_TRANSLATE_NOOP("kartova::MainWindow", "Änderungen übernehmen?");
+constexpr const char* kApplyText = QT_TRANSLATE_NOOP(
+    "kartova::MainWindow",
     "Damit die Änderungen sichtbar werden, müssen sie jetzt übernommen werden. Dazu werden alle "
     "Daten außer den Headern neu aus dem Rom geladen. 'Nein' stellt den Ursprungszustand der "
-    "Daten wieder her.";
+    "Daten wieder her.");
+
+// The language items and the codes "Language" holds; German when it holds anything else.
+struct LanguageItem {
+  const char* item;
+  const char* code;
+};
+constexpr LanguageItem kLanguages[] = {{"mnuLangDe", "de"}, {"mnuLangEn", "en"}};
 
 }  // namespace
 
-MainWindow::MainWindow(SettingsStore& settings, Prompter& prompter, QString program_dir,
+MainWindow::MainWindow(SettingsStore& settings, Prompter& prompter, const QString& /*program_dir*/,
                        QWidget* parent)
-    : QMainWindow(parent),
-      settings_(settings),
-      prompter_(prompter),
-      program_dir_(std::move(program_dir)),
-      placement_(*this) {
+    : QMainWindow(parent), settings_(settings), prompter_(prompter), placement_(*this) {
   setObjectName(QStringLiteral("MainWindow"));
   setWindowTitle(QString::fromLatin1(kProgramTitle));
   menuBar()->setObjectName(QStringLiteral("MenuBar"));
   menu_ = std::make_unique<MainMenu>(menuBar());
   view_options_ = new ViewOptions(settings_, *menu_, this);
+  recent_files_ = new RecentFiles(settings_, *menu_->Submenu(QStringLiteral("mnuRecent")), this);
   events_ = new PageEvents(this);
+  setAcceptDrops(true);
   BuildCentralArea();
   BuildStatusBar();
   BuildPages();
@@ -93,7 +105,7 @@ void MainWindow::BuildCentralArea() {
   tab_strip_->setObjectName(QStringLiteral("TabStrip1"));
   tab_strip_->setExpanding(false);
   tab_strip_->setDrawBase(false);
-  for (const char* caption : kTabCaptions) tab_strip_->addTab(QString::fromLatin1(caption));
+  for (const char* caption : kTabCaptions) tab_strip_->addTab(tr(caption));
   layout->addWidget(tab_strip_);
 
   auto* pane = new QFrame(central);
@@ -126,19 +138,19 @@ void MainWindow::BuildStatusBar() {
   QStatusBar* bar = statusBar();
   bar->setObjectName(QStringLiteral("StatusBar1"));
   bar->setSizeGripEnabled(true);
-  const QString texts[] = {QString(), QStringLiteral("X: "), QStringLiteral("Y: "),
-                           QStringLiteral("Block: "), QStringLiteral("Auswahl: ")};
+  const QString texts[] = {QString(), tr("X: "), tr("Y: "), QCoreApplication::translate("BlockText", "Block: "),
+                           QCoreApplication::translate("BlockText", "Auswahl: ")};
   // Panel 1 takes "Offset: 094000", "Rand-Block" or "Anbindung"; the others a short number.
-  const QString widest[] = {QStringLiteral("Offset: 0940000"), QStringLiteral("X: -000"),
-                            QStringLiteral("Y: -000"), QStringLiteral("Block: FF0"),
-                            QStringLiteral("Auswahl: FF0")};
+  const QString samples[] = {QStringLiteral("Offset: 0940000"), QStringLiteral("-000"), QStringLiteral("-000"),
+                             QStringLiteral("FF0"), QStringLiteral("FF0")};
   for (int i = 0; i < 5; ++i) {
     auto* label = new QLabel(texts[i], bar);
     label->setObjectName(QStringLiteral("Panel%1").arg(i + 1));
     label->setFrameStyle(QFrame::Panel | QFrame::Sunken);
     // Panels of a fixed size: a new text repaints the panel, not the whole status bar, which
     // would cost more than the block a drag has just painted.
-    const int width = label->fontMetrics().horizontalAdvance(widest[i]) + 8;
+    const QString widest = i == 0 ? samples[i] : texts[i] + samples[i];
+    const int width = label->fontMetrics().horizontalAdvance(widest) + 8;
     if (i == 0)
       label->setMinimumWidth(width);
     else
@@ -184,6 +196,8 @@ void MainWindow::ConnectMenu() {
   ConnectRomItems();
   ConnectSaveItems();
   ConnectEditItems();
+  ConnectViewItems();
+  ConnectLanguageItems();
   ConnectFileItems();
   ConnectViewOptionItems();
   ConnectLightingItems();
@@ -213,6 +227,12 @@ void MainWindow::ConnectViewOptionItems() {
   on("mnuShowDirLine", [options] { options->ClickShowDirLine(); });
 }
 
+void MainWindow::ConnectLanguageItems() {
+  for (const LanguageItem& language : kLanguages)
+    menu_->OnClick(QString::fromLatin1(language.item), this,
+                   [this, item = language.item] { Guarded([&] { ClickLanguage(item); }); });
+}
+
 void MainWindow::ConnectLightingItems() {
   for (int value = 0; value <= 8; ++value)
     menu_->OnClick(QString::fromLatin1(DayItem(value)), this,
@@ -223,6 +243,8 @@ void MainWindow::ConnectLightingItems() {
 
 void MainWindow::Start() {
   ChooseSettingsBackEnd();
+  ReadLanguageOption();
+  recent_files_->Read();
 
   setWindowTitle(QString::fromLatin1(kProgramTitle));
   state_.current_tab = kMapTab;
@@ -232,7 +254,6 @@ void MainWindow::Start() {
 
   view_options_->ReadZoomOptions();
   game_text_table_.emplace();
-  open_dialog_dir_ = program_dir_;
   // The views size their pictures from the zoom factors before the window is placed.
   graphics_->PrepareViews();
   placement_.Restore(settings_);
@@ -245,8 +266,8 @@ void MainWindow::Start() {
 
 void MainWindow::ChooseSettingsBackEnd() {
   if (settings_.ChooseBackEnd()) {
-    prompter_.Message(QStringLiteral("Nicht eindeutiger Eigenschaften-Pfad. Registry wurde als "
-                                     "Standard-Source gesetzt."),
+    prompter_.Message(tr("Nicht eindeutiger Eigenschaften-Pfad. Registry wurde als "
+                         "Standard-Source gesetzt."),
                       kMessageTitle, Prompter::Buttons::kOk, Prompter::Icon::kCritical);
   }
   menu_->SetChecked("mnuSavePropertyReg", settings_.kind() == SettingsStore::kRegistry);
@@ -256,6 +277,13 @@ void MainWindow::ChooseSettingsBackEnd() {
 void MainWindow::ReadStandardFileOptions() {
   std_file_ = QString::fromStdString(settings_.ReadSetting(kSettings, "StdFile", ""));
   menu_->SetChecked("mnuStdAutoLoad", settings_.ReadSetting(kSettings, "AutoLoad", "1") == "1");
+}
+
+void MainWindow::ReadLanguageOption() {
+  const std::string code = settings_.ReadSetting(kSettings, "Language", "de");
+  const bool english = code == "en";
+  menu_->SetChecked("mnuLangDe", !english);
+  menu_->SetChecked("mnuLangEn", english);
 }
 
 void MainWindow::LoadStandardFileAtStartup() {
@@ -298,9 +326,20 @@ void MainWindow::ClickSavePropertyKind(int kind) {
   const char* value = ini ? "ini" : "reg";
   settings_.WriteIni(kSettings, SettingsStore::kSelectorKey, value);
   settings_.WriteRegistry(kSettings, SettingsStore::kSelectorKey, value);
+  prompter_.Message(tr("Änderungen werden erst beim nächsten Neustart von Kartova sichtbar."));
+}
+
+// The translation is installed before the window is built; another language shows from the
+// next start on.
+void MainWindow::ClickLanguage(const char* item) {
+  if (menu_->Checked(item)) return;
+  for (const LanguageItem& language : kLanguages) {
+    const bool chosen = std::string_view(language.item) == item;
+    menu_->SetChecked(language.item, chosen);
+    if (chosen) settings_.WriteSetting(kSettings, "Language", language.code);
+  }
   prompter_.Message(
-      QStringLiteral("Änderungen werden erst beim nächsten Neustart von Kartova "
-                     "sichtbar."));
+      tr("Die Sprache wird beim nächsten Start gewechselt.\nThe language will change at the next start."));
 }
 
 // ---- Standard file and title ----------------------------------------------------------------
@@ -312,7 +351,7 @@ void MainWindow::SetWindowTitle() {
   if (cut >= 0)
     setWindowTitle(QString::fromLatin1(kProgramTitle) + QStringLiteral(" - ") +
                    rom_path_.mid(cut + 1) + QStringLiteral("[*]"));
-  if (std_file_ == rom_path_) setWindowTitle(windowTitle() + QStringLiteral(" (Standard)"));
+  if (std_file_ == rom_path_) setWindowTitle(windowTitle() + tr(" (Standard)"));
 }
 
 void MainWindow::UpdateStandardFileItems() {
@@ -382,7 +421,7 @@ void MainWindow::ClickTabStrip(int index) {
 bool MainWindow::ResolvePendingChanges() {
   if (!state_.changes_pending) return true;
   const Prompter::Answer answer =
-      prompter_.Message(QString::fromUtf8(kApplyText), QString::fromUtf8(kApplyTitle),
+      prompter_.Message(tr(kApplyText), tr(kApplyTitle),
                         Prompter::Buttons::kYesNoCancel);
   if (answer != Prompter::Answer::kYes && answer != Prompter::Answer::kNo) {
     const ScopeExit normal([this] { state_.apply_mode = kApplyNormal; });

@@ -32,6 +32,7 @@ class MapEditor;
 class MapNavigator;
 class MapSelector;
 class Prompter;
+class RecentFiles;
 class SettingsStore;
 class WuselixPage;
 
@@ -42,12 +43,15 @@ inline constexpr const char* kProgramTitle = "Kartova v" KARTOVA_VERSION;
 // strip with its pages and the status bar, and runs the commands that reach across pages
 // (opening a ROM, choosing a map, saving, the standard file). It owns the document and the
 // state the pages share, and gives the pages both through PageContext. Construction only builds
-// the controls; Start() runs the start-up sequence.
+// the controls; Start() runs the start-up sequence. A ROM file dropped on the window is opened
+// as if chosen in the open dialog.
 class MainWindow : public QMainWindow, public PageContext {
   Q_OBJECT
 
  public:
-  MainWindow(SettingsStore& settings, Prompter& prompter, QString program_dir,
+  // program_dir, the program's folder, is no longer used by the window: the file dialogs
+  // start where the user's files are.
+  MainWindow(SettingsStore& settings, Prompter& prompter, const QString& program_dir,
              QWidget* parent = nullptr);
   ~MainWindow() override;
 
@@ -59,6 +63,9 @@ class MainWindow : public QMainWindow, public PageContext {
   // location names, then reselects bank and map so that the map loads. A definition that
   // cannot be read keeps the previous ROM and restores rom_path() from the path before.
   virtual void OpenRom();
+  // What "Load Rom ..." does once its dialog is answered, for a file chosen elsewhere (the
+  // recent files, a drop): the unsaved-changes question, then the ROM at path opened.
+  void OpenRomFile(const QString& path);
 
   // The caption: program title, " - " and the ROM's file name, " (Standard)" when the ROM is
   // the standard file. A path without a separator leaves the caption as it is.
@@ -113,11 +120,16 @@ class MainWindow : public QMainWindow, public PageContext {
 
   const QString& rom_path() const { return rom_path_; }
   void set_rom_path(const QString& path) { rom_path_ = path; }
-  const QString& open_dialog_dir() const { return open_dialog_dir_; }
+  // Where the file dialogs start: the current ROM's folder, else the folder last chosen in one
+  // ("LastFolder"), else the user's home.
+  QString DialogFolder() const;
+  RecentFiles& recent_files() const { return *recent_files_; }
 
  protected:
   void closeEvent(QCloseEvent* event) override;
   void resizeEvent(QResizeEvent* event) override;
+  void dragEnterEvent(QDragEnterEvent* event) override;
+  void dropEvent(QDropEvent* event) override;
 
  private:
   void BuildCentralArea();
@@ -130,15 +142,19 @@ class MainWindow : public QMainWindow, public PageContext {
   void ConnectRomItems();
   void ConnectSaveItems();
   void ConnectEditItems();
+  void ConnectViewItems();
+  void ConnectLanguageItems();
 
   // Start-up steps.
   void ChooseSettingsBackEnd();
   void ReadStandardFileOptions();
+  void ReadLanguageOption();
   void LoadStandardFileAtStartup();
   void OpenCommandLineRom();
 
   // ROM commands and the steps of OpenRom.
   void ClickLoad();
+  void OpenChosenRom(const QString& path);
   void ClickReload(std::int16_t scope);
   void ReadRomDefinitionAndTables();
   void EnableRomMenus();
@@ -154,7 +170,8 @@ class MainWindow : public QMainWindow, public PageContext {
   // header page, single blocks or the whole view), then as DocumentEdited.
   void ApplyDocumentChange(const DocumentChange& change);
   void ShowFileError(const QString& what, const FileWriteError& error);
-  QString RomDirectory() const;
+  // A file chosen in a dialog: its folder is where the next dialog starts without a ROM.
+  void RememberFolder(const QString& chosen);
 
   // Handlers.
   void ClickSavePropertyKind(int kind);
@@ -164,15 +181,21 @@ class MainWindow : public QMainWindow, public PageContext {
   void ClickStdClear();
   void ClickStdAutoLoad();
   void ClickAbout();
+  void ClickLanguage(const char* item);
+  // Ctrl+Plus and Ctrl+Minus, Ctrl with the wheel: the zoom item of the view on or off.
+  void ZoomView(ViewOptions::View view, bool in);
+  // The view Ctrl+Plus and Ctrl+Minus act on: the one under the mouse, else the one holding
+  // the focus, else the one of the tab shown; none on the other tabs.
+  std::optional<ViewOptions::View> ZoomTarget() const;
   void ClickTabStrip(int index);
   bool ResolvePendingChanges();
   void AfterTabChange(int old_tab, int new_tab);
 
   SettingsStore& settings_;
   Prompter& prompter_;
-  QString program_dir_;
   StartupOptions startup_options_;
   std::unique_ptr<MainMenu> menu_;
+  RecentFiles* recent_files_ = nullptr;
   ViewOptions* view_options_ = nullptr;
   PageEvents* events_ = nullptr;
   WindowPlacement placement_;
@@ -197,7 +220,6 @@ class MainWindow : public QMainWindow, public PageContext {
   // RomPath before the last attempt to open: an attempt that fails goes back to it.
   QString previous_rom_path_;
   QString std_file_;
-  QString open_dialog_dir_;
 };
 
 }  // namespace kartova

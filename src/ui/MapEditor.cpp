@@ -6,6 +6,7 @@
 #include "rom/Address.h"
 #include "rom/RuntimeError.h"
 #include "ui/BlockChooserView.h"
+#include "ui/CoreTexts.h"
 #include "ui/FrameMarker.h"
 #include "ui/GraphicsController.h"
 #include "ui/IndexedPictureBox.h"
@@ -204,14 +205,13 @@ void MapEditor::ShowHover(MapCell cell) {
     strip_marker_->setGeometry(strip.left, strip.top, strip.width, strip.height);
     strip_marker_->raise();
     cursor.MoveTo(cursor.x(), kHiddenTop);
-    SetPanel(1, QString::fromLatin1(kStripHoverText));
+    SetPanel(1, CoreText(kStripHoverText));
     return;
   }
   HideStripMarker();
   cursor.MoveTo(cell.x * view.block_size - view.h_scroll, cell.y * view.block_size - view.v_scroll);
   const SecondaryHeaderBuffer& secondary = document_.Secondary();
-  SetPanel(1, QString::fromStdString(CellInfoText(grid, secondary.BlockDataBank(),
-                                                  secondary.BlockDataPointer(), cell)));
+  SetPanel(1, CoreText(CellInfoText(grid, secondary.BlockDataBank(), secondary.BlockDataPointer(), cell)));
 }
 
 void MapEditor::HideStripMarker() {

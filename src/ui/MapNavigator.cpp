@@ -21,7 +21,7 @@ constexpr const char* kMapScrollBars[] = {"HScroll1", "VScroll1", "VScroll2", "V
                                           "HScroll3"};
 
 QString MissingMap(int bank, int map) {
-  return QStringLiteral("Fehler: Ziel-Map (%1.%2) existiert nicht.").arg(bank).arg(map);
+  return MapNavigator::tr("Fehler: Ziel-Map (%1.%2) existiert nicht.").arg(bank).arg(map);
 }
 
 }  // namespace
@@ -91,6 +91,15 @@ void MapNavigator::ClickMapListByUser() {
   ClickMapList();
 }
 
+// A bank just chosen lists its maps with none selected: the next map is then its first.
+void MapNavigator::ChooseNeighbour(int step) {
+  if (!document_.MapLoaded()) return;
+  const int map = selector_.map_index() + step;
+  if (step == 0 || map < 0 || map >= selector_.map_count()) return;
+  selector_.SelectMap(map);
+  ClickMapListByUser();
+}
+
 void MapNavigator::RestoreLoadedMapSelection() {
   PageState& state = context_.state();
   const ScopeExit done([&state] { state.rom_loading = 0; });
@@ -158,7 +167,7 @@ bool MapNavigator::SwitchToMap(int bank_index, int map_index) {
 
 bool MapNavigator::FollowWarpTo(int bank, int map) {
   if (bank == 0 || bank > selector_.bank_list()->count()) {
-    context_.prompter().Message(QStringLiteral("Fehler: Ziel-Bank (%1) existiert nicht.").arg(bank));
+    context_.prompter().Message(tr("Fehler: Ziel-Bank (%1) existiert nicht.").arg(bank));
     return false;
   }
   if (!confirm_discard_()) return false;

@@ -42,6 +42,11 @@ class MapNavigator : public QObject {
   // refresh after each step (the header page first).
   void LoadSelectedMap();
 
+  // The map step places further down (step > 0) or up in Combo3, chosen as the user chooses
+  // it there (the unsaved-changes question included). Past either end of the list, or without
+  // a ROM, nothing happens.
+  void ChooseNeighbour(int step);
+
   // PageContext::SwitchToMap and PageContext::FollowWarpTo.
   bool SwitchToMap(int bank_index, int map_index);
   bool FollowWarpTo(int bank, int map);

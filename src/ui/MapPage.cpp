@@ -1,6 +1,7 @@
 #include "ui/MapPage.h"
 
 #include <QHBoxLayout>
+#include <QLabel>
 
 #include "ui/BlockChooserView.h"
 #include "ui/FrameMarker.h"
@@ -23,6 +24,24 @@ MapPage::MapPage(QWidget* parent) : QFrame(parent) {
   layout->setSpacing(6);
   layout->addWidget(map_view_, 1);
   layout->addWidget(chooser_, 0);
+
+  // The hint lies on the empty picture, light on its dark ground, and lets the mouse through.
+  IndexedPictureBox* picture = map_view_->picture();
+  empty_hint_ = new QLabel(
+      tr("Keine ROM geöffnet.\nÜber File → Load Rom ... (Strg+O) öffnen oder per Drag & Drop eine "
+         "ROM-Datei (*.gb, *.gbc) auf das Fenster ziehen."),
+      picture);
+  empty_hint_->setObjectName(QStringLiteral("EmptyHint"));
+  empty_hint_->setAlignment(Qt::AlignCenter);
+  empty_hint_->setWordWrap(true);
+  empty_hint_->setMargin(16);
+  empty_hint_->setAttribute(Qt::WA_TransparentForMouseEvents);
+  empty_hint_->setStyleSheet(QStringLiteral("color: #e8e8e8;"));
+  empty_hint_->setGeometry(picture->rect());
+  connect(picture, &IndexedPictureBox::Resized, empty_hint_,
+          [this](QSize size) { empty_hint_->setGeometry(QRect(QPoint(0, 0), size)); });
 }
+
+void MapPage::SetEmptyHintVisible(bool visible) { empty_hint_->setVisible(visible); }
 
 }  // namespace kartova

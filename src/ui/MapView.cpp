@@ -1,6 +1,5 @@
 #include "ui/MapView.h"
 
-#include <QApplication>
 #include <QGridLayout>
 #include <QScrollBar>
 #include <QWheelEvent>
@@ -24,6 +23,11 @@ MapView::MapView(int number, QWidget* parent) : QWidget(parent) {
     bar->setEnabled(false);
     connect(bar, &QScrollBar::valueChanged, this, [this] { emit Scrolled(); });
   }
+  // The wheel over the picture or a bar comes here: the bars' own handling would scroll a page
+  // with Shift and ignore Ctrl.
+  picture_->installEventFilter(this);
+  h_scroll_->installEventFilter(this);
+  v_scroll_->installEventFilter(this);
 
   auto* layout = new QGridLayout(this);
   layout->setContentsMargins(0, 0, 0, 0);
@@ -48,13 +52,24 @@ void MapView::SetScrollSteps(int block_size) {
   v_scroll_->setPageStep(std::max(picture_->height() - block_size, block_size));
 }
 
-void MapView::wheelEvent(QWheelEvent* event) {
-  // The wheel over the picture scrolls it: vertically, or sideways with Shift or a tilt.
-  const bool sideways =
-      (event->modifiers() & Qt::ShiftModifier) || event->angleDelta().x() != 0;
-  QScrollBar* bar = sideways ? h_scroll_ : v_scroll_;
-  if (bar->isEnabled()) QApplication::sendEvent(bar, event);
-  event->accept();
+void MapView::wheelEvent(QWheelEvent* event) { Wheel(*event, false); }
+
+bool MapView::eventFilter(QObject* watched, QEvent* event) {
+  if (event->type() != QEvent::Wheel) return QWidget::eventFilter(watched, event);
+  // Over the horizontal bar the wheel moves that bar.
+  Wheel(static_cast<QWheelEvent&>(*event), watched == h_scroll_);
+  return true;
+}
+
+void MapView::Wheel(QWheelEvent& event, bool sideways) {
+  event.accept();
+  const WheelNotches::Steps steps = wheel_.Add(event, sideways);
+  if (steps.zoom_in != 0) {
+    emit ZoomRequested(steps.zoom_in > 0);
+    return;
+  }
+  ScrollByNotches(*v_scroll_, steps.down);
+  ScrollByNotches(*h_scroll_, steps.right);
 }
 
 }  // namespace kartova

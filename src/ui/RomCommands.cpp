@@ -1,7 +1,12 @@
-// The commands that make a ROM current: the open and reload items and OpenRom, which hands the
-// choice of the map to the map navigator.
+// The commands that make a ROM current: the open and reload items, the recent files, a file
+// dropped on the window, and OpenRom, which hands the choice of the map to the map navigator.
 
+#include <QDragEnterEvent>
+#include <QDropEvent>
 #include <QFileInfo>
+#include <QMimeData>
+#include <QTimer>
+#include <QUrl>
 
 #include "maps/RomFileChecks.h"
 #include "settings/SettingsStore.h"
@@ -10,17 +15,31 @@
 #include "ui/MainWindow.h"
 #include "ui/MapNavigator.h"
 #include "ui/MapSelector.h"
+#include "ui/MapPage.h"
 #include "ui/Prompter.h"
+#include "ui/RecentFiles.h"
 #include "ui/ScopeExit.h"
 
 namespace kartova {
 
 namespace {
 
-constexpr const char* kOpenTitle = "Rom Öffnen";
-constexpr const char* kOpenFilter =
+constexpr const char* kOpenTitle = QT_TRANSLATE_NOOP("kartova::MainWindow", "Rom Öffnen");
+constexpr const char* kOpenFilter = QT_TRANSLATE_NOOP(
+    "kartova::MainWindow",
     "Alle Gameboy-Roms (*.gb*)|*.gb*|Backup-Dateien (*.bak;*.old)|*.bak;*.old|Alle Dateien "
-    "(*.*)|*.*";
+    "(*.*)|*.*");
+
+// The first local file of a drag, or nothing: only a file can be opened. A file that is not
+// there is taken, and refused by the open as any other.
+QString DraggedFile(const QMimeData* data) {
+  if (data == nullptr || !data->hasUrls()) return {};
+  for (const QUrl& url : data->urls()) {
+    const QString path = url.isLocalFile() ? url.toLocalFile() : QString();
+    if (!path.isEmpty() && !QFileInfo(path).isDir()) return path;
+  }
+  return {};
+}
 
 }  // namespace
 
@@ -32,15 +51,28 @@ void MainWindow::ConnectRomItems() {
                  [this] { Guarded([this] { ClickReload(kReloadMapOnly); }); });
   menu_->OnClick("mnuReloadEvents", this,
                  [this] { Guarded([this] { ClickReload(kReloadEventsOnly); }); });
+  connect(recent_files_, &RecentFiles::OpenRequested, this,
+          [this](const QString& path) { Guarded([&] { OpenRomFile(path); }); });
 }
 
 void MainWindow::ClickLoad() {
   if (!ConfirmDiscardChanges()) return;
-  const std::optional<QString> chosen = prompter_.OpenFile(
-      QString::fromUtf8(kOpenTitle), open_dialog_dir_, QtNameFilters(QString::fromUtf8(kOpenFilter)));
+  const std::optional<QString> chosen =
+      prompter_.OpenFile(tr(kOpenTitle), DialogFolder(), QtNameFilters(tr(kOpenFilter)));
   if (!chosen) return;
+  RememberFolder(*chosen);
+  OpenChosenRom(*chosen);
+}
+
+void MainWindow::OpenRomFile(const QString& path) {
+  if (!ConfirmDiscardChanges()) return;
+  // The title names the file after the last separator, so the path is made whole.
+  OpenChosenRom(QFileInfo(path).absoluteFilePath());
+}
+
+void MainWindow::OpenChosenRom(const QString& path) {
   previous_rom_path_ = rom_path_;
-  rom_path_ = *chosen;
+  rom_path_ = path;
   OpenRom();
 }
 
@@ -55,8 +87,28 @@ void MainWindow::ClickReload(std::int16_t scope) {
     previous_rom_path_ = rom_path_;
     OpenRom();
   } else {
-    prompter_.Message(QStringLiteral("Keine Datei geladen."));
+    prompter_.Message(tr("Keine Datei geladen."));
   }
+}
+
+void MainWindow::dragEnterEvent(QDragEnterEvent* event) {
+  if (DraggedFile(event->mimeData()).isEmpty()) {
+    event->ignore();
+    return;
+  }
+  event->acceptProposedAction();
+}
+
+// The ROM opens once the drop is over: the questions of an open must not hold up the program
+// the file came from.
+void MainWindow::dropEvent(QDropEvent* event) {
+  const QString path = DraggedFile(event->mimeData());
+  if (path.isEmpty()) {
+    event->ignore();
+    return;
+  }
+  event->acceptProposedAction();
+  QTimer::singleShot(0, this, [this, path] { Guarded([&] { OpenRomFile(path); }); });
 }
 
 void MainWindow::OpenCommandLineRom() {
@@ -68,15 +120,20 @@ void MainWindow::OpenCommandLineRom() {
 }
 
 // A file that is no ROM at all (missing, a folder, too small) is reported as an error of the
-// file, not as a runtime error; the previous ROM stays current either way.
+// file, not as a runtime error; the previous ROM stays current either way. The message names
+// the file and why; the details say what was being done.
 void MainWindow::OpenRom() {
   try {
     ReadRomDefinitionAndTables();
   } catch (const RomOpenError& error) {
     prompter_.Message(QString::fromStdString(error.GermanMessage()), kMessageTitle, Prompter::Buttons::kOk,
-                      Prompter::Icon::kCritical);
+                      Prompter::Icon::kCritical,
+                      tr("Beim Öffnen der ROM-Datei %1")
+                          .arg(QFileInfo(QString::fromStdString(error.path())).absoluteFilePath()));
     return;
   }
+  recent_files_->Add(rom_path_);
+  map_page_->SetEmptyHintVisible(false);
   EnableRomMenus();
   UpdateStandardFileItems();
   SetWindowTitle();
@@ -101,7 +158,7 @@ void MainWindow::ReadRomDefinitionAndTables() {
 
 void MainWindow::EnableRomMenus() {
   menu_->SetEnabled("mnuSave", !document_.ReadOnly());
-  for (const char* item : {"mnuSaveAs", "mnuReload", "mnuMapExp", "mnuMapImp"})
+  for (const char* item : {"mnuSaveAs", "mnuReload", "mnuMapExp", "mnuMapImp", "mnuNextMap", "mnuPrevMap"})
     menu_->SetEnabled(item, true);
 }
 

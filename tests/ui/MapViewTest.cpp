@@ -1,6 +1,8 @@
 #include <QAction>
+#include <QApplication>
 #include <QLabel>
 #include <QTest>
+#include <QWheelEvent>
 
 #include "EditorFixture.h"
 #include "GraphicsViewHelpers.h"
@@ -141,6 +143,59 @@ TEST_F(MapViewTest, ZoomItemsResizeBlocksRangesAndTheChooser) {
   Click("mnuTilesetZoom");
   EXPECT_EQ(chooser.scroll()->maximum(), 128 * 32 - Chooser().height());
   EXPECT_EQ(Shot(&Chooser()).pixel(40, 7), ExpectedChooserColour(Document(), 1, 100, 40, 7));
+}
+
+// A wheel notch (120 eighths of a degree, or smaller deltas adding up to it) moves a view by
+// the wheel's lines in single steps, within the bar's range; Shift, a tilt or the wheel over
+// the horizontal bar move sideways; Ctrl zooms the view under the mouse as its item does.
+TEST_F(MapViewTest, TheWheelScrollsTheViewsShiftSidewaysAndCtrlZooms) {
+  OpenEditorWith(WriteDemoRom());
+  const auto wheel = [](QWidget* widget, QPoint delta, Qt::KeyboardModifiers modifiers = Qt::NoModifier) {
+    const QPointF at = QRectF(widget->rect()).center();
+    QWheelEvent event(at, widget->mapToGlobal(at), QPoint(), delta, Qt::NoButton, modifiers, Qt::NoScrollPhase,
+                      false);
+    QApplication::sendEvent(widget, &event);
+  };
+  QScrollBar& h = *Map().h_scroll();
+  QScrollBar& v = *Map().v_scroll();
+  const int notch = QApplication::wheelScrollLines() * 16;  // half a block at zoom 1
+  ASSERT_GT(v.maximum(), 2 * notch);
+  wheel(Map().picture(), {0, -120});
+  EXPECT_EQ(v.value(), notch);
+  wheel(Map().picture(), {0, -60});
+  EXPECT_EQ(v.value(), notch);
+  wheel(Map().picture(), {0, -60});
+  EXPECT_EQ(v.value(), 2 * notch);
+  wheel(Map().picture(), {0, -120}, Qt::ShiftModifier);
+  wheel(&h, {0, -120});
+  wheel(Map().picture(), {-120, 0});
+  EXPECT_EQ(std::pair(h.value(), v.value()), std::pair(3 * notch, 2 * notch));
+  wheel(&v, {0, 120 * 50});
+  EXPECT_EQ(v.value(), 0);
+  wheel(Map().picture(), {0, -120 * 50});
+  EXPECT_EQ(v.value(), v.maximum());
+  ExpectViewShowsGrid(Map(), 1);
+
+  wheel(Map().picture(), {0, 120}, Qt::ControlModifier);
+  EXPECT_TRUE(Checked("mnuMapZoom"));
+  EXPECT_EQ(Ini("ZoomMap"), "1");
+  wheel(Map().picture(), {0, -40}, Qt::ControlModifier);
+  wheel(Map().picture(), {0, -80}, Qt::ControlModifier);
+  EXPECT_FALSE(Checked("mnuMapZoom"));
+
+  BlockChooserView& chooser = *window_->map_page()->chooser();
+  wheel(&Chooser(), {0, -120});
+  wheel(chooser.scroll(), {0, -120}, Qt::ShiftModifier);
+  EXPECT_EQ(chooser.scroll()->value(), 2 * notch);
+  wheel(chooser.scroll(), {0, 120}, Qt::ControlModifier);
+  EXPECT_TRUE(Checked("mnuTilesetZoom"));
+
+  ClickTab(MainWindow::kEventTab);
+  wheel(Events().picture(), {0, -120});
+  EXPECT_EQ(Events().v_scroll()->value(), QApplication::wheelScrollLines() * 32);
+  ExpectViewShowsGrid(Events(), 2);
+  wheel(Events().picture(), {0, -120}, Qt::ControlModifier);
+  EXPECT_FALSE(Checked("mnuEventZoom"));
 }
 
 TEST_F(MapViewTest, TheEventViewDrawsTheSameGridAtItsOwnZoomAndIsTimed) {

@@ -1,6 +1,8 @@
 #include <QApplication>
 #include <QLabel>
+#include <QMenu>
 #include <QMenuBar>
+#include <QStatusBar>
 #include <QTabBar>
 #include <QTest>
 #include <QTimer>
@@ -20,13 +22,46 @@ TEST_F(MenuAndLayoutTest, OnlyRomItemsWaitForARom) {
   ObservedMainWindow& window = StartWindow();
   QStringList bar;
   for (const QAction* action : window.menuBar()->actions()) bar << action->objectName();
-  EXPECT_EQ(bar.join(' '), "mnuFile mnuEdit mnuOptions mnuLighting mnuHelp");
+  EXPECT_EQ(bar.join(' '), "mnuFile mnuEdit mnuView mnuOptions mnuLighting mnuHelp");
   // The save entries are reached through their parent, which waits for a ROM.
-  const std::set<QString> waiting = {"mnuReload", "mnuSave",    "mnuSaveAs", "mnuMapExp",
-                                     "mnuMapImp", "mnuStdLoad", "mnuStdSet", "mnuStdClear",
-                                     "mnuUndo",   "mnuRedo"};
+  const std::set<QString> waiting = {"mnuReload", "mnuSave",    "mnuSaveAs", "mnuMapExp",  "mnuMapImp",
+                                     "mnuStdLoad", "mnuStdSet", "mnuStdClear", "mnuUndo",  "mnuRedo",
+                                     "mnuNextMap", "mnuPrevMap"};
   for (const QString& name : window.menu().ItemNames())
     EXPECT_EQ(window.menu().Enabled(name), !waiting.count(name)) << name.toStdString();
+}
+
+TEST_F(MenuAndLayoutTest, ItemsShowTheirKeysAndTheirStatusTipsCoverThePanelsOnlyForAWhile) {
+  ObservedMainWindow& window = StartWindow();
+  QStringList file;
+  for (const QAction* action : window.menu().Submenu("mnuFile")->actions()) file << action->objectName();
+  EXPECT_EQ(file.mid(0, 3).join(' '), "mnuLoad mnuRecent mnuReload");
+  const std::pair<const char*, const char*> keys[] = {
+      {"mnuLoad", "Ctrl+O"},      {"mnuSaveFull", "Ctrl+S"},         {"mnuSaveAs", "Ctrl+Shift+S"},
+      {"mnuReloadFull", "F5"},    {"mnuExit", "Ctrl+Q"},             {"mnuUndo", "Ctrl+Z"},
+      {"mnuRedo", "Ctrl+Y"},      {"mnuZoomIn", "Ctrl++"},           {"mnuZoomOut", "Ctrl+-"},
+      {"mnuTab0", "Ctrl+1"},      {"mnuTab3", "Ctrl+4"},             {"mnuNextMap", "Alt+Down"},
+      {"mnuPrevMap", "Alt+Up"},
+  };
+  for (const auto& [item, key] : keys)
+    EXPECT_EQ(window.menu().Item(item)->shortcut().toString().toStdString(), key) << item;
+  EXPECT_TRUE(window.menu().Item("mnuRedo")->shortcuts().contains(QKeySequence("Ctrl+Shift+Z")));
+  for (const QString& name : window.menu().ItemNames())
+    EXPECT_FALSE(window.menu().Item(name)->statusTip().isEmpty()) << name.toStdString();
+
+  // A tip hides the panels while it shows; a panel written meanwhile keeps its text.
+  QStatusBar* bar = window.statusBar();
+  QAction* load = window.menu().Item("mnuLoad");
+  load->showStatusText(&window);
+  EXPECT_EQ(bar->currentMessage(), QString::fromUtf8("Öffnet eine ROM-Datei"));
+  EXPECT_FALSE(window.panel(2)->isVisible());
+  window.ShowStatus(2, "X: 7");
+  QStatusTipEvent gone{QString()};
+  QCoreApplication::sendEvent(&window, &gone);
+  EXPECT_TRUE(bar->currentMessage().isEmpty());
+  for (int panel = 1; panel <= 5; ++panel) EXPECT_TRUE(window.panel(panel)->isVisible()) << panel;
+  EXPECT_EQ(window.panel(2)->text(), "X: 7");
+  EXPECT_EQ(window.panel(5)->text(), "Auswahl: ");
 }
 
 TEST_F(MenuAndLayoutTest, TheTabStripSwitchesPagesUnlessTheProgramSelectsItself) {

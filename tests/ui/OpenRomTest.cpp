@@ -1,7 +1,9 @@
 #include <QAbstractItemView>
 #include <QDir>
 #include <QFontMetrics>
+#include <QLabel>
 #include <QTabBar>
+#include <QTest>
 #include <filesystem>
 #include <tuple>
 
@@ -9,6 +11,9 @@
 #include "demo/DemoRom.h"
 #include "rom/HexText.h"
 #include "ui/HeaderPage.h"
+#include "ui/IndexedPictureBox.h"
+#include "ui/MapPage.h"
+#include "ui/MapView.h"
 #include "ui/MapSelector.h"
 
 namespace kartova::test {
@@ -28,11 +33,16 @@ TEST_F(OpenRomTest, CancellingTheDialogChangesNothing) {
   Click("mnuLoad");
   ASSERT_EQ(prompter_.asked.size(), 1u);
   EXPECT_EQ(prompter_.asked[0].text, QString::fromUtf8("Rom Öffnen"));
-  EXPECT_EQ(prompter_.asked[0].start_dir.toStdString(), program_dir_);
+  EXPECT_EQ(prompter_.asked[0].start_dir, QDir::homePath());
   EXPECT_EQ(prompter_.asked[0].filters.join("|").toStdString(),
             "Alle Gameboy-Roms (*.gb*)|Backup-Dateien (*.bak *.old)|Alle Dateien (*.*)");
   EXPECT_TRUE(window.rom_path().isEmpty());
   EXPECT_EQ(ShownTitle(window), "Kartova v1.38");
+  // The empty map page says how to open a ROM.
+  const QLabel* hint = window.map_page()->empty_hint();
+  EXPECT_TRUE(hint->isVisible());
+  EXPECT_TRUE(hint->text().startsWith(QString::fromUtf8("Keine ROM geöffnet.\nÜber File → Load Rom ...")));
+  EXPECT_EQ(hint->geometry(), window.map_page()->map_view()->picture()->rect());
   EXPECT_FALSE(Enabled("mnuSaveAs") || Enabled("mnuReload"));
   EXPECT_EQ(Combo("Combo3")->count(), 0);
 }
@@ -40,6 +50,7 @@ TEST_F(OpenRomTest, CancellingTheDialogChangesNothing) {
 TEST_F(OpenRomTest, OpeningSelectsBankOneAndLoadsItsFirstMap) {
   MainWindow& window = OpenEditorWith(WriteDemoRom());
   EXPECT_EQ(ShownTitle(window), "Kartova v1.38 - demo.gbc");
+  EXPECT_FALSE(window.map_page()->empty_hint()->isVisible());
   EXPECT_EQ(Combo("Combo2")->count(), 26);
   EXPECT_EQ(Combo("Combo2")->currentText(), "Mapbank 1");
   EXPECT_EQ(Items(Combo("Combo3")).join("|"),
@@ -215,6 +226,46 @@ TEST_F(MapListTest, ABankIsListedOnItsClickAndAMapLoadsOnlyOnItsOwn) {
     if (QWidget* bar = window_->findChild<QWidget*>(name)) {
       EXPECT_TRUE(bar->isEnabled()) << name;
     }
+}
+
+// Alt+Down and Alt+Up choose in the map list as the user does, the question about unsaved
+// changes included; the ends of the list and a window without a ROM ignore them, as the
+// file keys ignore a ROM that is not there.
+TEST_F(MapListTest, KeysOpenAndStepThroughTheMapsOfTheBank) {
+  MainWindow& window = StartEditor();
+  window.activateWindow();
+  ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
+  const auto key = [&](Qt::Key key, Qt::KeyboardModifiers modifiers) { QTest::keyClick(&window, key, modifiers); };
+  for (const Qt::Key file_key : {Qt::Key_F5, Qt::Key_S, Qt::Key_Down}) key(file_key, Qt::NoModifier);
+  key(Qt::Key_S, Qt::ControlModifier);
+  key(Qt::Key_Down, Qt::AltModifier);
+  EXPECT_TRUE(prompter_.asked.empty());
+
+  prompter_.ExpectOpenFile(QString::fromStdString(WriteDemoRom()));
+  key(Qt::Key_O, Qt::ControlModifier);
+  ASSERT_EQ(Document().SelectedMap(), 0);
+  key(Qt::Key_Up, Qt::AltModifier);
+  EXPECT_EQ(window.map_selector()->map_index(), 0);
+  key(Qt::Key_Down, Qt::AltModifier);
+  EXPECT_EQ(Document().SelectedMap(), 1);
+  ClickMap(5);
+  key(Qt::Key_Down, Qt::AltModifier);
+  EXPECT_EQ(window.map_selector()->map_index(), 5);
+
+  Document().PaintCell(3, 3, 0x42);
+  window.DocumentEdited();
+  prompter_.ExpectMessage(QString::fromUtf8("Änderungen speichern?"), Prompter::Answer::kCancel);
+  key(Qt::Key_Up, Qt::AltModifier);
+  EXPECT_EQ(std::pair(Document().SelectedMap(), window.map_selector()->map_index()), std::pair(5, 5));
+  prompter_.ExpectMessage(QString::fromUtf8("Änderungen speichern?"), Prompter::Answer::kNo);
+  key(Qt::Key_Up, Qt::AltModifier);
+  EXPECT_EQ(Document().SelectedMap(), 4);
+
+  int loads = 0;
+  QObject::connect(&window.events(), &PageEvents::MapLoadStepDone, &window, [&] { ++loads; });
+  key(Qt::Key_F5, Qt::NoModifier);
+  EXPECT_GT(loads, 0);
+  EXPECT_EQ(Document().SelectedMap(), 4);
 }
 
 TEST_F(MapListTest, ALocationAbove94EndsTheListWithTheRuntimeError) {

@@ -1,10 +1,15 @@
+#include <QCursor>
+#include <QMenuBar>
 #include <QSignalSpy>
+#include <QTest>
 #include <clocale>
 #include <filesystem>
 #include <sstream>
 #include <tuple>
 
 #include "MainWindowFixture.h"
+#include "ui/BlockChooserView.h"
+#include "ui/MapPage.h"
 
 namespace kartova::test {
 namespace {
@@ -75,6 +80,46 @@ TEST_F(OptionsMenuTest, ModeLineAndZoomItemsToggleStoreAndTellTheViews) {
   EXPECT_EQ(options.zoom(View::kMap) * 100 + options.zoom(View::kEvent) * 10 + options.zoom(View::kTileset), 211);
   EXPECT_EQ(Registry("ZoomMap") + Registry("ZoomEvent") + Registry("ZoomTileset"), "100");
   EXPECT_EQ(zooms.count(), 3);
+}
+
+// The zoom keys take the view under the mouse, else that of the tab shown; they act as a click
+// on its zoom item would, so the choice is stored.
+TEST_F(OptionsMenuTest, ZoomKeysActOnTheViewUnderTheMouseElseOnTheViewOfTheTab) {
+  ObservedMainWindow& window = StartWindow();
+  window.activateWindow();
+  ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
+  const auto key = [&](Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::ControlModifier) {
+    QTest::keyClick(&window, key, modifiers);
+  };
+  const auto zooms = [&] { return Registry("ZoomMap") + Registry("ZoomEvent") + Registry("ZoomTileset"); };
+  QCursor::setPos(window.menuBar()->mapToGlobal(QPoint(1, 1)));
+  key(Qt::Key_Plus);
+  EXPECT_TRUE(Checked("mnuMapZoom"));
+  EXPECT_EQ(zooms(), "1<none><none>");
+  key(Qt::Key_Plus);  // zoomed in already
+  key(Qt::Key_Minus, Qt::ControlModifier | Qt::KeypadModifier);
+  EXPECT_EQ(zooms(), "0<none><none>");
+  key(Qt::Key_Equal);
+  EXPECT_EQ(zooms(), "1<none><none>");
+
+  key(Qt::Key_2);
+  EXPECT_EQ(window.state().current_tab, PageContext::kEventTab);
+  key(Qt::Key_Minus);
+  EXPECT_FALSE(Checked("mnuEventZoom"));
+  EXPECT_EQ(zooms(), "10<none>");
+
+  key(Qt::Key_1);
+  QWidget* chooser = window.map_page()->chooser();
+  QCursor::setPos(chooser->mapToGlobal(chooser->rect().center()));
+  key(Qt::Key_Plus);
+  EXPECT_EQ(zooms(), "101");
+
+  key(Qt::Key_3);
+  QCursor::setPos(window.menuBar()->mapToGlobal(QPoint(1, 1)));
+  key(Qt::Key_Minus);  // the Wuselix page has no view
+  EXPECT_EQ(zooms(), "101");
+  key(Qt::Key_4);
+  EXPECT_EQ(window.state().current_tab, PageContext::kHeaderTab);
 }
 
 class StandardFileTest : public MainWindowTest {

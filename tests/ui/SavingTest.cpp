@@ -1,6 +1,7 @@
 #include <QMenu>
 #include <cerrno>
 #include <chrono>
+#include <cstring>
 #include <filesystem>
 #include <functional>
 #include <numeric>
@@ -88,6 +89,7 @@ TEST_F(SavingTest, AFailedSaveShowsTheFileAndTheReasonAndChangesNothing) {
   const std::string shown = prompter_.asked.back().text.toStdString();
   EXPECT_NE(shown.find(rom_), std::string::npos) << shown;
   EXPECT_NE(shown.find(std::strerror(ENOSPC)), std::string::npos) << shown;
+  EXPECT_TRUE(prompter_.asked.back().detail.startsWith("Datei: " + QString::fromStdString(dir_.path().string())));
   EXPECT_EQ(Changed(), Offsets{});
   EXPECT_TRUE(TitleMarked());
   EXPECT_EQ(std::distance(std::filesystem::directory_iterator(dir_.path()), {}), 3) << "no temporary file left";
@@ -217,9 +219,20 @@ TEST_F(SavingTest, ExportThenImportLeavesTheMapAndAChangedFileIsOneStep) {
   Click("mnuUndo");
   EXPECT_EQ(Document().Grid().At(3, 3), DemoRom().bytes[static_cast<std::size_t>(map_.blocks)]);
 
+  // Refused files are named whole, with the system's reason below.
+  const std::string missing = dir_.File("fehlt/karte.map");
+  prompter_.ExpectSaveFile(QString::fromStdString(missing));
+  prompter_.ExpectMessage({});
+  Click("mnuMapExp");
+  EXPECT_TRUE(prompter_.asked.back().text.startsWith(QString::fromStdString(
+      "Die Map konnte nicht nach \"" + missing + "\" exportiert werden.\n\nGrund: " + std::strerror(ENOENT))))
+      << prompter_.asked.back().text.toStdString();
   prompter_.ExpectOpenFile(QString::fromStdString(dir_.path().string()));  // a folder: refused
   prompter_.ExpectMessage({});
   Click("mnuMapImp");
+  EXPECT_TRUE(prompter_.asked.back().text.startsWith(
+      QString::fromStdString("Die Map \"" + dir_.path().string() + "\" konnte nicht importiert werden.\n\nGrund: ")));
+  EXPECT_EQ(prompter_.asked.back().detail.toStdString(), "Datei: " + dir_.path().string());
 }
 
 }  // namespace

@@ -1,5 +1,6 @@
 #include <QComboBox>
 #include <QCoreApplication>
+#include <QDir>
 #include <QGuiApplication>
 #include <QScreen>
 
@@ -21,15 +22,15 @@ TEST_F(StartupTest, FirstStartWithEmptySettings) {
   EXPECT_NEAR(window.y(), (screen.height() - window.height()) / 2, 1);
   EXPECT_EQ(window.windowState(), Qt::WindowNoState);
 
-  EXPECT_EQ(CheckedItems(), "mnuDayAuto mnuEventZoom mnuSavePropertyReg mnuScrModeDyn mnuScrSpeedNormal "
-                            "mnuShowDirLine mnuStdAutoLoad ");
+  EXPECT_EQ(CheckedItems(), "mnuDayAuto mnuEventZoom mnuLangDe mnuSavePropertyReg mnuScrModeDyn "
+                            "mnuScrSpeedNormal mnuShowDirLine mnuStdAutoLoad ");
   EXPECT_FLOAT_EQ(window.view_options().scroll_speed(), 1.0f);
   EXPECT_EQ(window.view_options().zoom(ViewOptions::View::kEvent) * 10 +
                 window.view_options().zoom(ViewOptions::View::kMap),
             21);
   EXPECT_EQ(window.state().time_of_day, 8);
   EXPECT_EQ(window.findChild<QComboBox*>("Combo1")->currentIndex(), 0);
-  EXPECT_EQ(window.open_dialog_dir().toStdString(), program_dir_);
+  EXPECT_EQ(window.DialogFolder(), QDir::homePath());
   EXPECT_TRUE(window.opened_paths.empty());
   // A start writes nothing but a repaired selector.
   EXPECT_EQ(Registry("WinSizeX"), "<none>");
@@ -158,6 +159,27 @@ TEST_F(SettingsBackEndTest, SwitchingTakesEffectOnlyAtTheNextStart) {
   prompter_.ExpectMessage(kNextStart);
   Click("mnuSavePropertyReg");
   EXPECT_EQ(Ini("DefaultPropertyPath") + Registry("DefaultPropertyPath"), "regreg");
+}
+
+// The language follows "Language" at the next start (main() installs the translation before
+// the window is built); the item only stores the choice and says so.
+TEST_F(SettingsBackEndTest, TheLanguageItemStoresTheChoiceForTheNextStart) {
+  PresetRegistry("Language", "fr");
+  StartWindow();
+  EXPECT_TRUE(Checked("mnuLangDe") && !Checked("mnuLangEn"));
+  prompter_.ExpectMessage(QString::fromUtf8(
+      "Die Sprache wird beim nächsten Start gewechselt.\nThe language will change at the next start."));
+  Click("mnuLangEn");
+  EXPECT_TRUE(Checked("mnuLangEn") && !Checked("mnuLangDe"));
+  EXPECT_EQ(Registry("Language"), "en");
+  Click("mnuLangEn");  // the language chosen already: nothing to say
+  EXPECT_EQ(prompter_.asked.size(), 1u);
+
+  StartWindow();
+  EXPECT_TRUE(Checked("mnuLangEn") && !Checked("mnuLangDe"));
+  prompter_.ExpectMessage({});
+  Click("mnuLangDe");
+  EXPECT_EQ(Registry("Language"), "de");
 }
 
 }  // namespace
