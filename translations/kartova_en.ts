@@ -2,6 +2,17 @@
 <!DOCTYPE TS>
 <TS version="2.1" language="en" sourcelanguage="de">
 <context>
+    <name>BlockText</name>
+    <message>
+        <source>Block: </source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Auswahl: </source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
     <name>CoreText</name>
     <message>
         <source>X-Position:</source>
@@ -678,6 +689,493 @@ Pointer to the time script, in the bank to its left.</translation>
     </message>
 </context>
 <context>
+    <name>MainMenu</name>
+    <message>
+        <source>Nimmt den letzten Schritt zurück</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Führt den zurückgenommenen Schritt wieder aus</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&amp;File</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>ROM öffnen, neu laden, speichern; Maps exportieren und importieren</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&amp;Load Rom ...</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Öffnet eine ROM-Datei</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Zuletzt geöffnet</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Öffnet eine der zuletzt geöffneten ROM-Dateien</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&amp;Reload Rom</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Liest die geöffnete ROM neu aus der Datei</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&amp;Full</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Liest Definition, Tabellen, Map und Events neu aus der Datei</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&amp;Map only</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Liest die Map neu aus der Datei, die Events bleiben</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&amp;Events only</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Liest die Events neu aus der Datei, die Map bleibt</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&amp;Save Rom</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Schreibt die Änderungen in die ROM-Datei</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&amp;Save Full</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Schreibt Header, Map und Events in die ROM-Datei</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Save Map</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Schreibt nur Header und Blöcke der Map in die ROM-Datei</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Save Events</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Schreibt nur die Events der Map in die ROM-Datei</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&amp;Save as ...</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Speichert die ROM mit den Änderungen unter einem neuen Namen</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&amp;Export Map</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Schreibt die Blöcke der Map in eine .map-Datei</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&amp;Import Map</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Übernimmt die Blöcke einer .map-Datei in die Map</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Standard &amp;File</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Öffnet die Standard-Datei</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&amp;Load File as Standard</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Macht die geöffnete ROM zur Standard-Datei</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&amp;Clear File</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Vergisst die Standard-Datei</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Automatically load rom</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Öffnet die Standard-Datei beim Start des Programms</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>E&amp;xit</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Beendet Kartova</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&amp;Bearbeiten</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Schritte rückgängig machen und wiederholen</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&amp;Rückgängig</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&amp;Wiederholen</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&amp;Ansicht</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Zoom, Seiten und Maps wechseln</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Ver&amp;größern</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Zeigt die Ansicht unter der Maus doppelt so groß</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Ver&amp;kleinern</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Zeigt die Ansicht unter der Maus in normaler Größe</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&amp;Map</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Zeigt die Seite &quot;Map&quot;</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&amp;Events</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Zeigt die Seite &quot;Events&quot;</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&amp;Wuselix data</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Zeigt die Seite &quot;Wuselix data&quot;</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Map&amp;header</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Zeigt die Seite &quot;Mapheader&quot;</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&amp;Nächste Map</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Lädt die nächste Map der Mapbank</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&amp;Vorherige Map</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Lädt die vorherige Map der Mapbank</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&amp;Options</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Zoom, Scrollen und Einstellungen</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&amp;Map zoom</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Zeigt die Map doppelt so groß</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&amp;Event Mode Zoom</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Zeigt die Map auf der Seite &quot;Events&quot; doppelt so groß</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&amp;Tileset zoom</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Zeigt die Blockauswahl doppelt so groß</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&amp;Scroll mode</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Wie das Ziehen mit der Maus die Event-Ansicht verschiebt</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&amp;Dynamic</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Die Ansicht läuft weiter, je weiter die Maus gezogen ist, desto schneller</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&amp;Static</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Die Map folgt der Maus</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Scroll Speed</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Wie schnell das Ziehen mit der Maus die Event-Ansicht verschiebt</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&amp;Fast</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Verschiebt doppelt so schnell</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&amp;Normal</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Verschiebt in normaler Geschwindigkeit</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&amp;Slow</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Verschiebt halb so schnell</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&amp;Show Scroll Speed</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Kehrt die Richtung des Verschiebens um</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&amp;Show Dir Line</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Zeigt beim Verschieben eine Linie vom Startpunkt zur Maus</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Save Settings to</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Wo die Einstellungen gespeichert werden (ab dem nächsten Start)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&amp;Registry</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Speichert die Einstellungen in der Registry des Benutzers</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&amp;Kartova.ini</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Speichert die Einstellungen in der Datei Kartova.ini</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Sprache / Language</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Die Sprache der Oberfläche (ab dem nächsten Start)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Deutsch</source>
+        <translation type="unfinished">German, English</translation>
+    </message>
+    <message>
+        <source>Deutsche Oberfläche</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>English</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Englische Oberfläche</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Palette / Lighting</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Die Tageszeit, in deren Farben Map und Blöcke gezeigt werden</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Auto</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Die Farben, die der Header der Map vorgibt</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Morning</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Die Farben des Morgens (Tageszeit 0)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Mid-day</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Die Farben des Tages (Tageszeit 1)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Night / Cave</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Die Farben der Nacht oder einer Höhle (Tageszeit 2)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Darkness</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Die Farben der Dunkelheit (Tageszeit 3)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>???</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Die Farben der Tageszeit 4</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Die Farben der Tageszeit 5</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Die Farben der Nacht oder einer Höhle (Tageszeit 6)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Die Farben der Dunkelheit (Tageszeit 7)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&amp;Help</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Über Kartova</source>
+        <translation type="unfinished">About Kartova</translation>
+    </message>
+    <message>
+        <source>&amp;About</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Zeigt Version und Autoren von Kartova</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
     <name>kartova::AboutWindow</name>
     <message>
         <source>Über Kartova</source>
@@ -835,6 +1333,13 @@ Pointer to the time script, in the bank to its left.</translation>
     </message>
 </context>
 <context>
+    <name>kartova::EventViewController</name>
+    <message>
+        <source>Das Alphablending ist fehlgeschlagen</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
     <name>kartova::HeaderPage</name>
     <message>
         <source>Oben</source>
@@ -945,10 +1450,166 @@ Pointer to the time script, in the bank to its left.</translation>
     </message>
 </context>
 <context>
+    <name>kartova::MainWindow</name>
+    <message>
+        <source>Rom Speichern Unter</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Alle Gameboy-Roms (*.gb*)|*.gbc;*.gb*|Backup-Dateien (*.bak;*.old)|*.bak;*.old|Alle Dateien (*.*)|*.*</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Map Exportieren</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Map Importieren</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Map-Dateien (*.map)|*.map|Alle Dateien (*.*)|*.*</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Änderungen speichern?</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Die Datei &quot;%1&quot; wurde seit dem Laden der Map von einem anderen Programm verändert. Trotzdem speichern?
+
+Geschrieben werden nur die Header, Blöcke und Events dieser Map; alles andere bleibt, wie es in der Datei steht.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Die Datei &quot;%1&quot; konnte nicht gespeichert werden.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Die Map konnte nicht nach &quot;%1&quot; exportiert werden.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Die Map &quot;%1&quot; konnte nicht importiert werden.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Grund: %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Datei: %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source> Map </source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source> Events </source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source> Wuselix data </source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source> Mapheader </source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Änderungen übernehmen?</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Damit die Änderungen sichtbar werden, müssen sie jetzt übernommen werden. Dazu werden alle Daten außer den Headern neu aus dem Rom geladen. &apos;Nein&apos; stellt den Ursprungszustand der Daten wieder her.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>X: </source>
+        <translation type="unfinished">X: </translation>
+    </message>
+    <message>
+        <source>Y: </source>
+        <translation type="unfinished">Y: </translation>
+    </message>
+    <message>
+        <source>Nicht eindeutiger Eigenschaften-Pfad. Registry wurde als Standard-Source gesetzt.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Änderungen werden erst beim nächsten Neustart von Kartova sichtbar.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Die Sprache wird beim nächsten Start gewechselt.
+The language will change at the next start.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source> (Standard)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Rom Öffnen</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Alle Gameboy-Roms (*.gb*)|*.gb*|Backup-Dateien (*.bak;*.old)|*.bak;*.old|Alle Dateien (*.*)|*.*</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Keine Datei geladen.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Beim Öffnen der ROM-Datei %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>kartova::MapNavigator</name>
+    <message>
+        <source>Fehler: Ziel-Map (%1.%2) existiert nicht.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Fehler: Ziel-Bank (%1) existiert nicht.</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>kartova::MapPage</name>
+    <message>
+        <source>Keine ROM geöffnet.
+Über File → Load Rom ... (Strg+O) öffnen oder per Drag &amp; Drop eine ROM-Datei (*.gb, *.gbc) auf das Fenster ziehen.</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
     <name>kartova::MapSelector</name>
     <message>
         <source>Mapbank %1</source>
         <translation>Map bank %1</translation>
+    </message>
+</context>
+<context>
+    <name>kartova::RecentFiles</name>
+    <message>
+        <source>(leer)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1 (nicht gefunden)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Liste leeren</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Entfernt alle Einträge aus dieser Liste</source>
+        <translation type="unfinished"></translation>
     </message>
 </context>
 <context>
