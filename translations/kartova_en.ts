@@ -5,11 +5,11 @@
     <name>BlockText</name>
     <message>
         <source>Block: </source>
-        <translation type="unfinished"></translation>
+        <translation>Block: </translation>
     </message>
     <message>
         <source>Auswahl: </source>
-        <translation type="unfinished"></translation>
+        <translation>Selected: </translation>
     </message>
 </context>
 <context>
@@ -692,487 +692,487 @@ Pointer to the time script, in the bank to its left.</translation>
     <name>MainMenu</name>
     <message>
         <source>Nimmt den letzten Schritt zurück</source>
-        <translation type="unfinished"></translation>
+        <translation>Undoes the last step.</translation>
     </message>
     <message>
         <source>Führt den zurückgenommenen Schritt wieder aus</source>
-        <translation type="unfinished"></translation>
+        <translation>Redoes the step that was undone.</translation>
     </message>
     <message>
         <source>&amp;File</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;File</translation>
     </message>
     <message>
         <source>ROM öffnen, neu laden, speichern; Maps exportieren und importieren</source>
-        <translation type="unfinished"></translation>
+        <translation>Opens, reloads and saves the ROM; exports and imports maps.</translation>
     </message>
     <message>
         <source>&amp;Load Rom ...</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Open ROM…</translation>
     </message>
     <message>
         <source>Öffnet eine ROM-Datei</source>
-        <translation type="unfinished"></translation>
+        <translation>Opens a ROM file.</translation>
     </message>
     <message>
         <source>Zuletzt geöffnet</source>
-        <translation type="unfinished"></translation>
+        <translation>Open &amp;recent</translation>
     </message>
     <message>
         <source>Öffnet eine der zuletzt geöffneten ROM-Dateien</source>
-        <translation type="unfinished"></translation>
+        <translation>Opens one of the recently opened ROM files.</translation>
     </message>
     <message>
         <source>&amp;Reload Rom</source>
-        <translation type="unfinished"></translation>
+        <translation>Re&amp;load ROM</translation>
     </message>
     <message>
         <source>Liest die geöffnete ROM neu aus der Datei</source>
-        <translation type="unfinished"></translation>
+        <translation>Rereads the open ROM from its file.</translation>
     </message>
     <message>
         <source>&amp;Full</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Everything</translation>
     </message>
     <message>
         <source>Liest Definition, Tabellen, Map und Events neu aus der Datei</source>
-        <translation type="unfinished"></translation>
+        <translation>Rereads the definition, tables, map and events from the file.</translation>
     </message>
     <message>
         <source>&amp;Map only</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Map only</translation>
     </message>
     <message>
         <source>Liest die Map neu aus der Datei, die Events bleiben</source>
-        <translation type="unfinished"></translation>
+        <translation>Rereads the map from the file; the events are kept.</translation>
     </message>
     <message>
         <source>&amp;Events only</source>
-        <translation type="unfinished"></translation>
+        <translation>E&amp;vents only</translation>
     </message>
     <message>
         <source>Liest die Events neu aus der Datei, die Map bleibt</source>
-        <translation type="unfinished"></translation>
+        <translation>Rereads the events from the file; the map is kept.</translation>
     </message>
     <message>
         <source>&amp;Save Rom</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Save ROM</translation>
     </message>
     <message>
         <source>Schreibt die Änderungen in die ROM-Datei</source>
-        <translation type="unfinished"></translation>
+        <translation>Writes the changes to the ROM file.</translation>
     </message>
     <message>
         <source>&amp;Save Full</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Save everything</translation>
     </message>
     <message>
         <source>Schreibt Header, Map und Events in die ROM-Datei</source>
-        <translation type="unfinished"></translation>
+        <translation>Writes the headers, map and events to the ROM file.</translation>
     </message>
     <message>
         <source>Save Map</source>
-        <translation type="unfinished"></translation>
+        <translation>Save map</translation>
     </message>
     <message>
         <source>Schreibt nur Header und Blöcke der Map in die ROM-Datei</source>
-        <translation type="unfinished"></translation>
+        <translation>Writes only the headers and blocks of the map to the ROM file.</translation>
     </message>
     <message>
         <source>Save Events</source>
-        <translation type="unfinished"></translation>
+        <translation>Save events</translation>
     </message>
     <message>
         <source>Schreibt nur die Events der Map in die ROM-Datei</source>
-        <translation type="unfinished"></translation>
+        <translation>Writes only the events of the map to the ROM file.</translation>
     </message>
     <message>
         <source>&amp;Save as ...</source>
-        <translation type="unfinished"></translation>
+        <translation>Save &amp;as…</translation>
     </message>
     <message>
         <source>Speichert die ROM mit den Änderungen unter einem neuen Namen</source>
-        <translation type="unfinished"></translation>
+        <translation>Saves the ROM with the changes under a new name.</translation>
     </message>
     <message>
         <source>&amp;Export Map</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Export map…</translation>
     </message>
     <message>
         <source>Schreibt die Blöcke der Map in eine .map-Datei</source>
-        <translation type="unfinished"></translation>
+        <translation>Writes the blocks of the map to a .map file.</translation>
     </message>
     <message>
         <source>&amp;Import Map</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Import map…</translation>
     </message>
     <message>
         <source>Übernimmt die Blöcke einer .map-Datei in die Map</source>
-        <translation type="unfinished"></translation>
+        <translation>Copies the blocks of a .map file into the map.</translation>
     </message>
     <message>
         <source>Standard &amp;File</source>
-        <translation type="unfinished"></translation>
+        <translation>Open standard &amp;file</translation>
     </message>
     <message>
         <source>Öffnet die Standard-Datei</source>
-        <translation type="unfinished"></translation>
+        <translation>Opens the standard file.</translation>
     </message>
     <message>
         <source>&amp;Load File as Standard</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Use this ROM as standard file</translation>
     </message>
     <message>
         <source>Macht die geöffnete ROM zur Standard-Datei</source>
-        <translation type="unfinished"></translation>
+        <translation>Makes the open ROM the standard file.</translation>
     </message>
     <message>
         <source>&amp;Clear File</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Clear standard file</translation>
     </message>
     <message>
         <source>Vergisst die Standard-Datei</source>
-        <translation type="unfinished"></translation>
+        <translation>Forgets the standard file.</translation>
     </message>
     <message>
         <source>Automatically load rom</source>
-        <translation type="unfinished"></translation>
+        <translation>Open standard file at start-up</translation>
     </message>
     <message>
         <source>Öffnet die Standard-Datei beim Start des Programms</source>
-        <translation type="unfinished"></translation>
+        <translation>Opens the standard file when the program starts.</translation>
     </message>
     <message>
         <source>E&amp;xit</source>
-        <translation type="unfinished"></translation>
+        <translation>E&amp;xit</translation>
     </message>
     <message>
         <source>Beendet Kartova</source>
-        <translation type="unfinished"></translation>
+        <translation>Quits Kartova.</translation>
     </message>
     <message>
         <source>&amp;Bearbeiten</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Edit</translation>
     </message>
     <message>
         <source>Schritte rückgängig machen und wiederholen</source>
-        <translation type="unfinished"></translation>
+        <translation>Undoes and redoes steps.</translation>
     </message>
     <message>
         <source>&amp;Rückgängig</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Undo</translation>
     </message>
     <message>
         <source>&amp;Wiederholen</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Redo</translation>
     </message>
     <message>
         <source>&amp;Ansicht</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;View</translation>
     </message>
     <message>
         <source>Zoom, Seiten und Maps wechseln</source>
-        <translation type="unfinished"></translation>
+        <translation>Zooms, switches pages and changes maps.</translation>
     </message>
     <message>
         <source>Ver&amp;größern</source>
-        <translation type="unfinished"></translation>
+        <translation>Zoom &amp;in</translation>
     </message>
     <message>
         <source>Zeigt die Ansicht unter der Maus doppelt so groß</source>
-        <translation type="unfinished"></translation>
+        <translation>Shows the view under the mouse pointer at double size.</translation>
     </message>
     <message>
         <source>Ver&amp;kleinern</source>
-        <translation type="unfinished"></translation>
+        <translation>Zoom &amp;out</translation>
     </message>
     <message>
         <source>Zeigt die Ansicht unter der Maus in normaler Größe</source>
-        <translation type="unfinished"></translation>
+        <translation>Shows the view under the mouse pointer at normal size.</translation>
     </message>
     <message>
         <source>&amp;Map</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Map</translation>
     </message>
     <message>
         <source>Zeigt die Seite &quot;Map&quot;</source>
-        <translation type="unfinished"></translation>
+        <translation>Shows the &quot;Map&quot; page.</translation>
     </message>
     <message>
         <source>&amp;Events</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Events</translation>
     </message>
     <message>
         <source>Zeigt die Seite &quot;Events&quot;</source>
-        <translation type="unfinished"></translation>
+        <translation>Shows the &quot;Events&quot; page.</translation>
     </message>
     <message>
         <source>&amp;Wuselix data</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Wuselix data</translation>
     </message>
     <message>
         <source>Zeigt die Seite &quot;Wuselix data&quot;</source>
-        <translation type="unfinished"></translation>
+        <translation>Shows the &quot;Wuselix data&quot; page.</translation>
     </message>
     <message>
         <source>Map&amp;header</source>
-        <translation type="unfinished"></translation>
+        <translation>Map &amp;header</translation>
     </message>
     <message>
         <source>Zeigt die Seite &quot;Mapheader&quot;</source>
-        <translation type="unfinished"></translation>
+        <translation>Shows the &quot;Map header&quot; page.</translation>
     </message>
     <message>
         <source>&amp;Nächste Map</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Next map</translation>
     </message>
     <message>
         <source>Lädt die nächste Map der Mapbank</source>
-        <translation type="unfinished"></translation>
+        <translation>Loads the next map of the map bank.</translation>
     </message>
     <message>
         <source>&amp;Vorherige Map</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Previous map</translation>
     </message>
     <message>
         <source>Lädt die vorherige Map der Mapbank</source>
-        <translation type="unfinished"></translation>
+        <translation>Loads the previous map of the map bank.</translation>
     </message>
     <message>
         <source>&amp;Options</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Options</translation>
     </message>
     <message>
         <source>Zoom, Scrollen und Einstellungen</source>
-        <translation type="unfinished"></translation>
+        <translation>Zoom, scrolling and settings.</translation>
     </message>
     <message>
         <source>&amp;Map zoom</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Map zoom</translation>
     </message>
     <message>
         <source>Zeigt die Map doppelt so groß</source>
-        <translation type="unfinished"></translation>
+        <translation>Shows the map at double size.</translation>
     </message>
     <message>
         <source>&amp;Event Mode Zoom</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Event view zoom</translation>
     </message>
     <message>
         <source>Zeigt die Map auf der Seite &quot;Events&quot; doppelt so groß</source>
-        <translation type="unfinished"></translation>
+        <translation>Shows the map on the &quot;Events&quot; page at double size.</translation>
     </message>
     <message>
         <source>&amp;Tileset zoom</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Tileset zoom</translation>
     </message>
     <message>
         <source>Zeigt die Blockauswahl doppelt so groß</source>
-        <translation type="unfinished"></translation>
+        <translation>Shows the block chooser at double size.</translation>
     </message>
     <message>
         <source>&amp;Scroll mode</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Scroll mode</translation>
     </message>
     <message>
         <source>Wie das Ziehen mit der Maus die Event-Ansicht verschiebt</source>
-        <translation type="unfinished"></translation>
+        <translation>How dragging with the mouse scrolls the event view.</translation>
     </message>
     <message>
         <source>&amp;Dynamic</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Dynamic</translation>
     </message>
     <message>
         <source>Die Ansicht läuft weiter, je weiter die Maus gezogen ist, desto schneller</source>
-        <translation type="unfinished"></translation>
+        <translation>The view keeps scrolling; the further the mouse is dragged, the faster it goes.</translation>
     </message>
     <message>
         <source>&amp;Static</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Static</translation>
     </message>
     <message>
         <source>Die Map folgt der Maus</source>
-        <translation type="unfinished"></translation>
+        <translation>The map follows the mouse.</translation>
     </message>
     <message>
         <source>Scroll Speed</source>
-        <translation type="unfinished"></translation>
+        <translation>Scroll speed</translation>
     </message>
     <message>
         <source>Wie schnell das Ziehen mit der Maus die Event-Ansicht verschiebt</source>
-        <translation type="unfinished"></translation>
+        <translation>How fast dragging with the mouse scrolls the event view.</translation>
     </message>
     <message>
         <source>&amp;Fast</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Fast</translation>
     </message>
     <message>
         <source>Verschiebt doppelt so schnell</source>
-        <translation type="unfinished"></translation>
+        <translation>Scrolls twice as fast.</translation>
     </message>
     <message>
         <source>&amp;Normal</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Normal</translation>
     </message>
     <message>
         <source>Verschiebt in normaler Geschwindigkeit</source>
-        <translation type="unfinished"></translation>
+        <translation>Scrolls at normal speed.</translation>
     </message>
     <message>
         <source>&amp;Slow</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Slow</translation>
     </message>
     <message>
         <source>Verschiebt halb so schnell</source>
-        <translation type="unfinished"></translation>
+        <translation>Scrolls half as fast.</translation>
     </message>
     <message>
         <source>&amp;Show Scroll Speed</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Reverse direction</translation>
     </message>
     <message>
         <source>Kehrt die Richtung des Verschiebens um</source>
-        <translation type="unfinished"></translation>
+        <translation>Reverses the scrolling direction.</translation>
     </message>
     <message>
         <source>&amp;Show Dir Line</source>
-        <translation type="unfinished"></translation>
+        <translation>Show &amp;direction line</translation>
     </message>
     <message>
         <source>Zeigt beim Verschieben eine Linie vom Startpunkt zur Maus</source>
-        <translation type="unfinished"></translation>
+        <translation>While scrolling, shows a line from the starting point to the mouse.</translation>
     </message>
     <message>
         <source>Save Settings to</source>
-        <translation type="unfinished"></translation>
+        <translation>Save settings to</translation>
     </message>
     <message>
         <source>Wo die Einstellungen gespeichert werden (ab dem nächsten Start)</source>
-        <translation type="unfinished"></translation>
+        <translation>Where the settings are saved (from the next start on).</translation>
     </message>
     <message>
         <source>&amp;Registry</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Settings store (registry)</translation>
     </message>
     <message>
         <source>Speichert die Einstellungen in der Registry des Benutzers</source>
-        <translation type="unfinished"></translation>
+        <translation>Saves the settings in the user&apos;s registry.</translation>
     </message>
     <message>
         <source>&amp;Kartova.ini</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Kartova.ini</translation>
     </message>
     <message>
         <source>Speichert die Einstellungen in der Datei Kartova.ini</source>
-        <translation type="unfinished"></translation>
+        <translation>Saves the settings in the file Kartova.ini.</translation>
     </message>
     <message>
         <source>Sprache / Language</source>
-        <translation type="unfinished"></translation>
+        <translation>Sprache / Language</translation>
     </message>
     <message>
         <source>Die Sprache der Oberfläche (ab dem nächsten Start)</source>
-        <translation type="unfinished"></translation>
+        <translation>The language of the user interface (from the next start on).</translation>
     </message>
     <message>
         <source>Deutsch</source>
-        <translation type="unfinished">German, English</translation>
+        <translation>Deutsch</translation>
     </message>
     <message>
         <source>Deutsche Oberfläche</source>
-        <translation type="unfinished"></translation>
+        <translation>German user interface.</translation>
     </message>
     <message>
         <source>English</source>
-        <translation type="unfinished"></translation>
+        <translation>English</translation>
     </message>
     <message>
         <source>Englische Oberfläche</source>
-        <translation type="unfinished"></translation>
+        <translation>English user interface.</translation>
     </message>
     <message>
         <source>Palette / Lighting</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Lighting</translation>
     </message>
     <message>
         <source>Die Tageszeit, in deren Farben Map und Blöcke gezeigt werden</source>
-        <translation type="unfinished"></translation>
+        <translation>The time of day in whose colours the map and blocks are shown.</translation>
     </message>
     <message>
         <source>Auto</source>
-        <translation type="unfinished"></translation>
+        <translation>Auto</translation>
     </message>
     <message>
         <source>Die Farben, die der Header der Map vorgibt</source>
-        <translation type="unfinished"></translation>
+        <translation>The colours given by the map&apos;s header.</translation>
     </message>
     <message>
         <source>Morning</source>
-        <translation type="unfinished"></translation>
+        <translation>Morning</translation>
     </message>
     <message>
         <source>Die Farben des Morgens (Tageszeit 0)</source>
-        <translation type="unfinished"></translation>
+        <translation>The colours of the morning (time of day 0).</translation>
     </message>
     <message>
         <source>Mid-day</source>
-        <translation type="unfinished"></translation>
+        <translation>Day</translation>
     </message>
     <message>
         <source>Die Farben des Tages (Tageszeit 1)</source>
-        <translation type="unfinished"></translation>
+        <translation>The colours of the day (time of day 1).</translation>
     </message>
     <message>
         <source>Night / Cave</source>
-        <translation type="unfinished"></translation>
+        <translation>Night / cave</translation>
     </message>
     <message>
         <source>Die Farben der Nacht oder einer Höhle (Tageszeit 2)</source>
-        <translation type="unfinished"></translation>
+        <translation>The colours of the night or of a cave (time of day 2).</translation>
     </message>
     <message>
         <source>Darkness</source>
-        <translation type="unfinished"></translation>
+        <translation>Darkness</translation>
     </message>
     <message>
         <source>Die Farben der Dunkelheit (Tageszeit 3)</source>
-        <translation type="unfinished"></translation>
+        <translation>The colours of darkness (time of day 3).</translation>
     </message>
     <message>
         <source>???</source>
-        <translation type="unfinished"></translation>
+        <translation>???</translation>
     </message>
     <message>
         <source>Die Farben der Tageszeit 4</source>
-        <translation type="unfinished"></translation>
+        <translation>The colours of time of day 4.</translation>
     </message>
     <message>
         <source>Die Farben der Tageszeit 5</source>
-        <translation type="unfinished"></translation>
+        <translation>The colours of time of day 5.</translation>
     </message>
     <message>
         <source>Die Farben der Nacht oder einer Höhle (Tageszeit 6)</source>
-        <translation type="unfinished"></translation>
+        <translation>The colours of the night or of a cave (time of day 6).</translation>
     </message>
     <message>
         <source>Die Farben der Dunkelheit (Tageszeit 7)</source>
-        <translation type="unfinished"></translation>
+        <translation>The colours of darkness (time of day 7).</translation>
     </message>
     <message>
         <source>&amp;Help</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Help</translation>
     </message>
     <message>
         <source>Über Kartova</source>
-        <translation type="unfinished">About Kartova</translation>
+        <translation>Information about Kartova.</translation>
     </message>
     <message>
         <source>&amp;About</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;About Kartova</translation>
     </message>
     <message>
         <source>Zeigt Version und Autoren von Kartova</source>
-        <translation type="unfinished"></translation>
+        <translation>Shows the version and authors of Kartova.</translation>
     </message>
 </context>
 <context>
@@ -1336,7 +1336,7 @@ Pointer to the time script, in the bank to its left.</translation>
     <name>kartova::EventViewController</name>
     <message>
         <source>Das Alphablending ist fehlgeschlagen</source>
-        <translation type="unfinished"></translation>
+        <translation>Alpha blending failed</translation>
     </message>
 </context>
 <context>
@@ -1453,129 +1453,132 @@ Pointer to the time script, in the bank to its left.</translation>
     <name>kartova::MainWindow</name>
     <message>
         <source>Rom Speichern Unter</source>
-        <translation type="unfinished"></translation>
+        <translation>Save ROM as</translation>
     </message>
     <message>
         <source>Alle Gameboy-Roms (*.gb*)|*.gbc;*.gb*|Backup-Dateien (*.bak;*.old)|*.bak;*.old|Alle Dateien (*.*)|*.*</source>
-        <translation type="unfinished"></translation>
+        <translation>All Game Boy ROMs (*.gb*)|*.gbc;*.gb*|Backup files (*.bak;*.old)|*.bak;*.old|All files (*.*)|*.*</translation>
     </message>
     <message>
         <source>Map Exportieren</source>
-        <translation type="unfinished"></translation>
+        <translation>Export map</translation>
     </message>
     <message>
         <source>Map Importieren</source>
-        <translation type="unfinished"></translation>
+        <translation>Import map</translation>
     </message>
     <message>
         <source>Map-Dateien (*.map)|*.map|Alle Dateien (*.*)|*.*</source>
-        <translation type="unfinished"></translation>
+        <translation>Map files (*.map)|*.map|All files (*.*)|*.*</translation>
     </message>
     <message>
         <source>Änderungen speichern?</source>
-        <translation type="unfinished"></translation>
+        <translation>Save changes?</translation>
     </message>
     <message>
         <source>Die Datei &quot;%1&quot; wurde seit dem Laden der Map von einem anderen Programm verändert. Trotzdem speichern?
 
 Geschrieben werden nur die Header, Blöcke und Events dieser Map; alles andere bleibt, wie es in der Datei steht.</source>
-        <translation type="unfinished"></translation>
+        <translation>The file &quot;%1&quot; has been changed by another program since the map was loaded. Save anyway?
+
+Only the headers, blocks and events of this map are written; everything else stays as it is in the file.</translation>
     </message>
     <message>
         <source>Die Datei &quot;%1&quot; konnte nicht gespeichert werden.</source>
-        <translation type="unfinished"></translation>
+        <translation>The file &quot;%1&quot; could not be saved.</translation>
     </message>
     <message>
         <source>Die Map konnte nicht nach &quot;%1&quot; exportiert werden.</source>
-        <translation type="unfinished"></translation>
+        <translation>The map could not be exported to &quot;%1&quot;.</translation>
     </message>
     <message>
         <source>Die Map &quot;%1&quot; konnte nicht importiert werden.</source>
-        <translation type="unfinished"></translation>
+        <translation>The map &quot;%1&quot; could not be imported.</translation>
     </message>
     <message>
         <source>Grund: %1</source>
-        <translation type="unfinished"></translation>
+        <translation>Reason: %1</translation>
     </message>
     <message>
         <source>Datei: %1</source>
-        <translation type="unfinished"></translation>
+        <translation>File: %1</translation>
     </message>
     <message>
         <source> Map </source>
-        <translation type="unfinished"></translation>
+        <translation> Map </translation>
     </message>
     <message>
         <source> Events </source>
-        <translation type="unfinished"></translation>
+        <translation> Events </translation>
     </message>
     <message>
         <source> Wuselix data </source>
-        <translation type="unfinished"></translation>
+        <translation> Wuselix data </translation>
     </message>
     <message>
         <source> Mapheader </source>
-        <translation type="unfinished"></translation>
+        <translation> Map header </translation>
     </message>
     <message>
         <source>Änderungen übernehmen?</source>
-        <translation type="unfinished"></translation>
+        <translation>Apply changes?</translation>
     </message>
     <message>
         <source>Damit die Änderungen sichtbar werden, müssen sie jetzt übernommen werden. Dazu werden alle Daten außer den Headern neu aus dem Rom geladen. &apos;Nein&apos; stellt den Ursprungszustand der Daten wieder her.</source>
-        <translation type="unfinished"></translation>
+        <translation>For the changes to become visible, they have to be applied now. To do so, all data except the headers is reloaded from the ROM. &apos;No&apos; restores the data to its original state.</translation>
     </message>
     <message>
         <source>X: </source>
-        <translation type="unfinished">X: </translation>
+        <translation>X: </translation>
     </message>
     <message>
         <source>Y: </source>
-        <translation type="unfinished">Y: </translation>
+        <translation>Y: </translation>
     </message>
     <message>
         <source>Nicht eindeutiger Eigenschaften-Pfad. Registry wurde als Standard-Source gesetzt.</source>
-        <translation type="unfinished"></translation>
+        <translation>Ambiguous settings location. The registry has been set as the default settings store.</translation>
     </message>
     <message>
         <source>Änderungen werden erst beim nächsten Neustart von Kartova sichtbar.</source>
-        <translation type="unfinished"></translation>
+        <translation>The changes will take effect the next time Kartova is started.</translation>
     </message>
     <message>
         <source>Die Sprache wird beim nächsten Start gewechselt.
 The language will change at the next start.</source>
-        <translation type="unfinished"></translation>
+        <translation>Die Sprache wird beim nächsten Start gewechselt.
+The language will change at the next start.</translation>
     </message>
     <message>
         <source> (Standard)</source>
-        <translation type="unfinished"></translation>
+        <translation> (standard file)</translation>
     </message>
     <message>
         <source>Rom Öffnen</source>
-        <translation type="unfinished"></translation>
+        <translation>Open ROM</translation>
     </message>
     <message>
         <source>Alle Gameboy-Roms (*.gb*)|*.gb*|Backup-Dateien (*.bak;*.old)|*.bak;*.old|Alle Dateien (*.*)|*.*</source>
-        <translation type="unfinished"></translation>
+        <translation>All Game Boy ROMs (*.gb*)|*.gb*|Backup files (*.bak;*.old)|*.bak;*.old|All files (*.*)|*.*</translation>
     </message>
     <message>
         <source>Keine Datei geladen.</source>
-        <translation type="unfinished"></translation>
+        <translation>No file loaded.</translation>
     </message>
     <message>
         <source>Beim Öffnen der ROM-Datei %1</source>
-        <translation type="unfinished"></translation>
+        <translation>While opening the ROM file %1</translation>
     </message>
 </context>
 <context>
     <name>kartova::MapNavigator</name>
     <message>
         <source>Fehler: Ziel-Map (%1.%2) existiert nicht.</source>
-        <translation type="unfinished"></translation>
+        <translation>Error: target map (%1.%2) does not exist.</translation>
     </message>
     <message>
         <source>Fehler: Ziel-Bank (%1) existiert nicht.</source>
-        <translation type="unfinished"></translation>
+        <translation>Error: target bank (%1) does not exist.</translation>
     </message>
 </context>
 <context>
@@ -1583,7 +1586,8 @@ The language will change at the next start.</source>
     <message>
         <source>Keine ROM geöffnet.
 Über File → Load Rom ... (Strg+O) öffnen oder per Drag &amp; Drop eine ROM-Datei (*.gb, *.gbc) auf das Fenster ziehen.</source>
-        <translation type="unfinished"></translation>
+        <translation>No ROM open.
+Open one with File → Open ROM… (Ctrl+O), or drag &amp; drop a ROM file (*.gb, *.gbc) onto the window.</translation>
     </message>
 </context>
 <context>
@@ -1597,19 +1601,19 @@ The language will change at the next start.</source>
     <name>kartova::RecentFiles</name>
     <message>
         <source>(leer)</source>
-        <translation type="unfinished"></translation>
+        <translation>(empty)</translation>
     </message>
     <message>
         <source>%1 (nicht gefunden)</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 (not found)</translation>
     </message>
     <message>
         <source>Liste leeren</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Clear list</translation>
     </message>
     <message>
         <source>Entfernt alle Einträge aus dieser Liste</source>
-        <translation type="unfinished"></translation>
+        <translation>Removes all entries from this list.</translation>
     </message>
 </context>
 <context>
