@@ -86,7 +86,8 @@ set(CPACK_DEBIAN_PACKAGE_SECTION devel)
 set(CPACK_DEBIAN_PACKAGE_PRIORITY optional)
 # The libraries the programs link (Qt, libpng, the C++ runtime), as dpkg-shlibdeps finds them.
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
-# The MIME types of the desktop entry (.gb, .gbc) come from shared-mime-info.
+# The MIME types of the desktop entry (.gb, .gbc) come from shared-mime-info, the German texts of
+# Qt's own buttons and dialogs from qt6-translations-l10n.
 set(CPACK_DEBIAN_PACKAGE_RECOMMENDS "shared-mime-info, qt6-translations-l10n")
 set(CPACK_STRIP_FILES ON)
 include(CPack)
