@@ -1,9 +1,9 @@
 #include "cli/CliSettings.h"
 
 #include <filesystem>
-#include <fstream>
 #include <system_error>
 
+#include "cli/Messages.h"
 #include "settings/IniFile.h"
 #include "settings/QtRegistry.h"
 #include "settings/SettingsLocation.h"
@@ -23,8 +23,6 @@ std::string Utf8(const fs::path& p) {
   const std::u8string s = p.u8string();
   return std::string(s.begin(), s.end());
 }
-
-fs::path PathOf(const std::string& utf8) { return fs::path(std::u8string(utf8.begin(), utf8.end())); }
 
 fs::path RunningExecutable() {
 #ifdef _WIN32
@@ -54,10 +52,8 @@ OpenedSettings OpenCliSettings(const std::optional<std::string>& ini_path,
                                const std::string& program_dir) {
   OpenedSettings opened;
   if (ini_path) {
-    std::error_code ec;
-    const fs::path p = PathOf(*ini_path);
-    if (!fs::is_regular_file(p, ec) || !std::ifstream(p, std::ios::binary)) {
-      opened.error = "cannot read the INI file " + *ini_path;
+    if (const std::string why = ReadFailureReason(*ini_path); !why.empty()) {
+      opened.error = "cannot read the INI file " + *ini_path + ": " + why;
       return opened;
     }
     opened.reader = std::make_unique<IniFile>(*ini_path);

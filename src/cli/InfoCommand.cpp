@@ -49,18 +49,18 @@ Json BuildInfo(const std::string& rom_path, const SettingsReader& settings) {
   return info;
 }
 
+constexpr const char* kUsage = "info ROM";
+
 int RunInfo(const CommandContext& ctx) {
-  if (ctx.args.size() != 1) {
-    ctx.err << "kartova-cli: info needs exactly one ROM file\n"
-            << "Usage: kartova-cli [--ini FILE] info ROM\n";
-    return 2;
-  }
-  ctx.out << JsonText(BuildInfo(ctx.args[0], ctx.settings));
+  const SplitArguments split = SplitOptions(ctx.args, {});
+  if (!split.error.empty() || split.positional.size() != 1)
+    return CommandUsageError(ctx, split, "info needs exactly one ROM file", kUsage);
+  ctx.out << JsonText(BuildInfo(split.positional[0], ctx.settings));
   return 0;
 }
 
 const CommandRegistrar kInfoCommand(Command{
-    "info", "info ROM",
+    "info", kUsage, "Print the ROM definition and map bank table as JSON.",
     "Prints as JSON the ROM definition the editor uses for ROM: the title bytes at 0x134 as 32 "
     "hex digits (the name of the definition section), headerLength, mapNameTable and "
     "tilesetBase, the labels of the header bytes beyond the ninth (extraHeaderByteNames) and "

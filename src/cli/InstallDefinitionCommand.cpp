@@ -2,6 +2,7 @@
 // reads, so that a ROM opens with its names right away.
 
 #include <cctype>
+#include <cerrno>
 #include <filesystem>
 #include <fstream>
 #include <memory>
@@ -14,6 +15,7 @@
 #include <vector>
 
 #include "cli/Command.h"
+#include "cli/Messages.h"
 #include "settings/IniFile.h"
 #include "settings/QtRegistry.h"
 #include "settings/SettingsStore.h"
@@ -106,33 +108,33 @@ class Target {
   const SettingsStore* store_;
 };
 
-bool ReadText(const std::string& path, std::string& text) {
-  const std::filesystem::path p(std::u8string(path.begin(), path.end()));
-  std::error_code ec;
-  if (!std::filesystem::is_regular_file(p, ec)) return false;
-  std::ifstream in(p, std::ios::binary);
-  if (!in) return false;
+// The text of the file at path; the system's reason when it cannot be read.
+std::string ReadText(const std::string& path, std::string& text) {
+  if (std::string why = ReadFailureReason(path); !why.empty()) return why;
+  errno = 0;
+  std::ifstream in(std::filesystem::path(std::u8string(path.begin(), path.end())), std::ios::binary);
   std::ostringstream bytes;
   bytes << in.rdbuf();
+  if (!in || !bytes) return std::generic_category().message(errno != 0 ? errno : EIO);
   text = bytes.str();
-  return true;
+  return {};
 }
 
+constexpr const char* kUsage = "install-definition INI";
+
 int RunInstallDefinition(const CommandContext& ctx) {
-  if (ctx.args.size() != 1) {
-    ctx.err << "kartova-cli: install-definition needs exactly one INI file\n"
-            << "Usage: kartova-cli [--ini FILE] install-definition INI\n";
-    return 2;
-  }
-  const std::string& path = ctx.args[0];
+  const SplitArguments split = SplitOptions(ctx.args, {});
+  if (!split.error.empty() || split.positional.size() != 1)
+    return CommandUsageError(ctx, split, "install-definition needs exactly one INI file", kUsage);
+  const std::string& path = split.positional[0];
   std::string text;
-  if (!ReadText(path, text)) {
-    ctx.err << "kartova-cli: cannot read the INI file " << path << "\n";
+  if (const std::string why = ReadText(path, text); !why.empty()) {
+    PrintError(ctx.err, "cannot read the INI file " + path + ": " + why);
     return 1;
   }
   const Target target(ctx.settings);
   if (!target.Valid()) {
-    ctx.err << "kartova-cli: no settings store to write to\n";
+    PrintError(ctx.err, "no settings store to write to");
     return 1;
   }
   std::set<std::string> sections;
@@ -140,8 +142,8 @@ int RunInstallDefinition(const CommandContext& ctx) {
   for (const Entry& e : ReadEntries(IniFile(path), text)) {
     if (IsSelector(e)) continue;
     if (!target.Write(e)) {
-      ctx.err << "kartova-cli: could not write [" << e.section << "] " << e.key << " to "
-              << target.Name() << "; " << written << " keys were written before\n";
+      PrintError(ctx.err, "could not write [" + e.section + "] " + e.key + " to " + target.Name() + "; " +
+                              std::to_string(written) + " keys were written before");
       return 1;
     }
     sections.insert(Folded(e.section));
@@ -154,7 +156,8 @@ int RunInstallDefinition(const CommandContext& ctx) {
 
 const CommandRegistrar kInstallDefinitionCommand(Command{
     "install-definition",
-    "install-definition INI",
+    kUsage,
+    "Copy ROM definitions into the editor's settings store.",
     "Copies every section and key of the INI file INI (ROM definitions and their name lists, "
     "such as the demo.ini of make-demo) into the settings store the editor reads: the --ini "
     "file if given, else Kartova.ini (beside this program, or in ~/.config/Kartova/ when it is "

@@ -1,13 +1,16 @@
 // kartova-cli make-demo DIR: writes the demo ROM and its ROM definition, something to open.
 
 #include <filesystem>
-#include <fstream>
 #include <ostream>
 #include <string>
+#include <string_view>
 #include <system_error>
 
 #include "cli/Command.h"
+#include "cli/Messages.h"
+#include "cli/OutputFile.h"
 #include "demo/DemoRom.h"
+#include "rom/SafeFileWriter.h"
 
 namespace kartova::cli {
 
@@ -17,44 +20,32 @@ std::filesystem::path PathOf(const std::string& text) {
   return std::filesystem::path(std::u8string(text.begin(), text.end()));
 }
 
-// Writes bytes to path; false (and the reason in `why`) when the file could not be written
-// completely.
-bool WriteFile(const std::filesystem::path& path, const char* data, std::size_t size,
-               std::string& why) {
-  std::ofstream file(path, std::ios::binary | std::ios::trunc);
-  if (!file) {
-    why = "cannot create " + path.string();
-    return false;
-  }
-  file.write(data, static_cast<std::streamsize>(size));
-  file.close();
-  if (!file) {
-    why = "cannot write " + path.string();
-    return false;
-  }
-  return true;
+std::string Utf8(const std::filesystem::path& path) {
+  const std::u8string text = path.u8string();
+  return std::string(text.begin(), text.end());
 }
 
+constexpr const char* kUsage = "make-demo DIR";
+
 int RunMakeDemo(const CommandContext& ctx) {
-  if (ctx.args.size() != 1) {
-    ctx.err << "kartova-cli: make-demo needs exactly one directory\n"
-            << "Usage: kartova-cli make-demo DIR\n";
-    return 2;
-  }
-  const std::filesystem::path dir = PathOf(ctx.args[0]);
+  const SplitArguments split = SplitOptions(ctx.args, {});
+  if (!split.error.empty() || split.positional.size() != 1)
+    return CommandUsageError(ctx, split, "make-demo needs exactly one directory", kUsage);
+  const std::string& dir_text = split.positional[0];
+  const std::filesystem::path dir = PathOf(dir_text);
   std::error_code ec;
   std::filesystem::create_directories(dir, ec);
   if (ec || !std::filesystem::is_directory(dir, ec)) {
-    ctx.err << "kartova-cli: cannot create the directory " << ctx.args[0]
-            << (ec ? ": " + ec.message() : std::string()) << "\n";
+    PrintError(ctx.err, "cannot create the directory " + dir_text + (ec ? ": " + ec.message() : std::string()));
     return 1;
   }
   const std::vector<std::uint8_t> rom = BuildDemoRom();
   const std::string ini = DemoDefinitionIni();
-  std::string why;
-  if (!WriteFile(dir / "demo.gbc", reinterpret_cast<const char*>(rom.data()), rom.size(), why) ||
-      !WriteFile(dir / "demo.ini", ini.data(), ini.size(), why)) {
-    ctx.err << "kartova-cli: " << why << "\n";
+  try {
+    WriteNewFile(Utf8(dir / "demo.gbc"), std::string_view(reinterpret_cast<const char*>(rom.data()), rom.size()));
+    WriteNewFile(Utf8(dir / "demo.ini"), ini);
+  } catch (const FileWriteError& error) {
+    PrintError(ctx.err, FileErrorText("write", error));
     return 1;
   }
   ctx.out << "Wrote " << (dir / "demo.gbc").string() << " and " << (dir / "demo.ini").string()
@@ -64,7 +55,8 @@ int RunMakeDemo(const CommandContext& ctx) {
 
 const CommandRegistrar kMakeDemoCommand(Command{
     "make-demo",
-    "make-demo DIR",
+    kUsage,
+    "Write a demo ROM and its ROM definition.",
     "Writes the demo ROM DIR/demo.gbc and its ROM definition DIR/demo.ini, creating DIR if "
     "needed. Open the ROM with the definition file to explore a small world of two towns, "
     "routes, houses and a cave.",

@@ -16,7 +16,7 @@ namespace kartova::cli {
 
 namespace {
 
-constexpr const char* kUsage = "Usage: kartova-cli [--ini FILE] map ROM BANK MAP [--time N]\n";
+constexpr const char* kUsage = "map ROM BANK MAP [--time N]";
 
 template <std::size_t N>
 std::string HexBytes(const std::array<std::uint8_t, N>& bytes) {
@@ -108,12 +108,10 @@ Json MapJson(const LoadedMap& loaded) {
 
 int RunMap(const CommandContext& ctx) {
   const MapCommandLine line = ParseMapCommandLine(ctx.args, 3, {"time"});
-  if (!line.valid) {
-    ctx.err << "kartova-cli: map needs a ROM file, a map bank 1-26 and a map number from 1; "
-               "--time takes 0-8\n"
-            << kUsage;
-    return 2;
-  }
+  if (!line.valid)
+    return CommandUsageError(ctx, line.split,
+                             "map needs a ROM file, a map bank 1-26 and a map number from 1; --time takes 0-8",
+                             kUsage);
   LoadedMap loaded;
   if (const std::optional<int> failed = LoadMap(ctx, line, loaded)) return *failed;
   ctx.out << JsonText(MapJson(loaded));
@@ -121,7 +119,7 @@ int RunMap(const CommandContext& ctx) {
 }
 
 const CommandRegistrar kMapCommand(Command{
-    "map", "map ROM BANK MAP [--time N]",
+    "map", kUsage, "Print one map as the editor loads it, as JSON.",
     "Loads map MAP (counted from 1, as the map list shows it) of map bank BANK (1-26) as the "
     "editor does and prints it as JSON: bank, map, offset (the file offset of the primary "
     "header), primary (its 30 bytes as hex digits), secondary (the 60 bytes of the secondary "

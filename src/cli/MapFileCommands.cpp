@@ -9,14 +9,15 @@
 #include "cli/Command.h"
 #include "cli/JsonText.h"
 #include "cli/MapLoading.h"
+#include "cli/Messages.h"
 #include "rom/SafeFileWriter.h"
 
 namespace kartova::cli {
 
 namespace {
 
-constexpr const char* kExportUsage = "Usage: kartova-cli [--ini FILE] export-map ROM BANK MAP OUT.map\n";
-constexpr const char* kImportUsage = "Usage: kartova-cli [--ini FILE] import-map ROM BANK MAP IN.map\n";
+constexpr const char* kExportUsage = "export-map ROM BANK MAP OUT.map";
+constexpr const char* kImportUsage = "import-map ROM BANK MAP IN.map";
 
 // Only a regular file (or none yet) can be a .map file. Refused before the ROM is opened: a
 // named pipe would block the read, and the core names a directory in the system's words only.
@@ -25,27 +26,26 @@ bool RefuseNonFile(const CommandContext& ctx, const std::string& path) {
   const std::filesystem::path file(std::u8string(path.begin(), path.end()));
   const std::filesystem::file_status status = std::filesystem::status(file, ec);
   if (std::filesystem::is_directory(status))
-    ctx.err << "kartova-cli: " << path << " is a directory, not a .map file\n";
+    PrintError(ctx.err, path + " is a directory, not a .map file");
   else if (std::filesystem::exists(status) && !std::filesystem::is_regular_file(status))
-    ctx.err << "kartova-cli: " << path << " is not a regular file\n";
+    PrintError(ctx.err, path + " is not a regular file");
   else
     return false;
   return true;
 }
 
 int FileError(const CommandContext& ctx, const char* verb, const FileWriteError& error) {
-  ctx.err << "kartova-cli: could not " << verb << " " << error.path() << ": " << error.reason() << "\n";
+  PrintError(ctx.err, FileErrorText(verb, error));
   return 1;
 }
 
 int RunExportMap(const CommandContext& ctx) {
   const MapCommandLine line = ParseMapCommandLine(ctx.args, 4, {});
-  if (!line.valid) {
-    ctx.err << "kartova-cli: export-map needs a ROM file, a map bank 1-26, a map number from 1 "
-               "and an output file\n"
-            << kExportUsage;
-    return 2;
-  }
+  if (!line.valid)
+    return CommandUsageError(ctx, line.split,
+                             "export-map needs a ROM file, a map bank 1-26, a map number from 1 and "
+                             "an output file",
+                             kExportUsage);
   const std::string& out_path = line.split.positional[3];
   if (RefuseNonFile(ctx, out_path)) return 1;
   LoadedMap loaded;
@@ -68,12 +68,11 @@ int RunExportMap(const CommandContext& ctx) {
 
 int RunImportMap(const CommandContext& ctx) {
   const MapCommandLine line = ParseMapCommandLine(ctx.args, 4, {});
-  if (!line.valid) {
-    ctx.err << "kartova-cli: import-map needs a ROM file, a map bank 1-26, a map number from 1 "
-               "and a .map file\n"
-            << kImportUsage;
-    return 2;
-  }
+  if (!line.valid)
+    return CommandUsageError(ctx, line.split,
+                             "import-map needs a ROM file, a map bank 1-26, a map number from 1 and "
+                             "a .map file",
+                             kImportUsage);
   const std::string& in_path = line.split.positional[3];
   if (RefuseNonFile(ctx, in_path)) return 1;
   LoadedMap loaded;
@@ -101,7 +100,7 @@ int RunImportMap(const CommandContext& ctx) {
 }
 
 const CommandRegistrar kExportMapCommand(Command{
-    "export-map", "export-map ROM BANK MAP OUT.map",
+    "export-map", kExportUsage, "Write a map's block layout to a .map file.",
     "Loads map MAP of map bank BANK as the map command does and writes its layout to OUT.map "
     "as the editor's File / Export Map does: the marker byte FF, then the blocks row after row from "
     "the top, width bytes a row. An existing longer file keeps its tail; the file is replaced "
@@ -109,7 +108,7 @@ const CommandRegistrar kExportMapCommand(Command{
     RunExportMap});
 
 const CommandRegistrar kImportMapCommand(Command{
-    "import-map", "import-map ROM BANK MAP IN.map",
+    "import-map", kImportUsage, "Read a .map file into a map and save it into the ROM.",
     "Loads map MAP of map bank BANK, reads IN.map into it as the editor's File / Import Map does (a "
     "leading FF is skipped; rows of the map's width; a short file leaves the remaining blocks "
     "as they were; a missing file is created empty and changes nothing) and saves the map's "

@@ -1,44 +1,11 @@
 #include "cli/MapLoading.h"
 
-#include <algorithm>
 #include <ostream>
 
+#include "cli/Messages.h"
 #include "rom/Address.h"
 
 namespace kartova::cli {
-
-SplitArguments SplitOptions(const std::vector<std::string>& args,
-                            const std::vector<std::string>& known_options) {
-  SplitArguments split;
-  for (std::size_t i = 0; i < args.size(); ++i) {
-    const std::string& a = args[i];
-    if (a.size() < 3 || a.compare(0, 2, "--") != 0) {
-      split.positional.push_back(a);
-      continue;
-    }
-    const std::size_t eq = a.find('=');
-    const std::string name = a.substr(2, eq == std::string::npos ? std::string::npos : eq - 2);
-    if (std::find(known_options.begin(), known_options.end(), name) == known_options.end()) {
-      split.error = "unknown option '" + a + "'";
-      return split;
-    }
-    if (eq != std::string::npos) {
-      split.options[name] = a.substr(eq + 1);
-    } else if (i + 1 < args.size()) {
-      split.options[name] = args[++i];
-    } else {
-      split.error = "--" + name + " needs a value";
-      return split;
-    }
-  }
-  return split;
-}
-
-std::optional<int> SmallNumber(const std::string& text) {
-  if (text.empty() || text.size() > 9 || text.find_first_not_of("0123456789") != std::string::npos)
-    return std::nullopt;
-  return std::stoi(text);
-}
 
 std::optional<int> MapCommandLine::Option(const std::string& name, int fallback) const {
   if (!split.options.count(name)) return fallback;
@@ -85,6 +52,7 @@ std::optional<std::string> LoadListedMap(const std::string& rom_path, const Sett
     if (!grid_built) throw;
     loaded.grid_error = error;
   }
+  loaded.read_past_end = doc.LastLoadReadPastEnd();
   return std::nullopt;
 }
 
@@ -92,14 +60,18 @@ std::optional<int> LoadMap(const CommandContext& ctx, const MapCommandLine& line
                            LoadedMap& loaded) {
   const std::optional<std::string> missing =
       LoadListedMap(line.split.positional[0], ctx.settings, line.bank, line.map, line.time, loaded);
-  if (!missing) return std::nullopt;
-  ctx.err << *missing << "\n";
-  return 1;
+  if (missing) {
+    PrintError(ctx.err, *missing);
+    return 1;
+  }
+  if (loaded.read_past_end)
+    PrintWarning(ctx.err, ReadPastEndWarning(line.split.positional[0], line.bank, line.map));
+  return std::nullopt;
 }
 
 int ReportGridError(const CommandContext& ctx, const LoadedMap& loaded) {
   if (!loaded.grid_error) return 0;
-  ctx.err << loaded.grid_error->GermanMessage() << "\n";
+  PrintError(ctx.err, RuntimeErrorText(*loaded.grid_error));
   return 1;
 }
 

@@ -1,28 +1,15 @@
 #pragma once
 
-#include <map>
 #include <optional>
 #include <string>
 #include <vector>
 
+#include "cli/Arguments.h"
 #include "cli/Command.h"
 #include "maps/RomDocument.h"
 #include "rom/RuntimeError.h"
 
 namespace kartova::cli {
-
-// A command line split into its positional arguments and its "--name VALUE" or
-// "--name=VALUE" options (each may stand anywhere after the command name).
-struct SplitArguments {
-  std::vector<std::string> positional;
-  std::map<std::string, std::string> options;
-  std::string error;  // set for an unknown option or one without a value
-};
-SplitArguments SplitOptions(const std::vector<std::string>& args,
-                            const std::vector<std::string>& known_options);
-
-// Decimal digits only, at most nine of them.
-std::optional<int> SmallNumber(const std::string& text);
 
 // A map loaded as the editor loads it when it is chosen in the map list: the ROM opened, the
 // map looked up in its bank's list, then every stage of a full load run at the given time of
@@ -33,6 +20,8 @@ struct LoadedMap {
   int bank = 1;  // 1..26
   int map = 1;   // from 1
   std::optional<RuntimeError> grid_error;
+  // The load read past the end of the ROM file (a truncated ROM).
+  bool read_past_end = false;
 };
 
 // The command line of a command on one map: ROM BANK MAP, then the command's own positional
@@ -60,7 +49,7 @@ std::optional<std::string> LoadListedMap(const std::string& rom_path, const Sett
 // Loads the map a valid command line names. Prints the message and returns the exit status on
 // failure: 1 for a map the bank does not list ("Fehler: Ziel-Map (B.M) existiert nicht.").
 // RomOpenError for a file that is no ROM (missing, a directory, too small) and runtime errors
-// propagate.
+// propagate. A load that read past the end of the file is warned about; it is no failure.
 std::optional<int> LoadMap(const CommandContext& ctx, const MapCommandLine& line,
                            LoadedMap& loaded);
 

@@ -10,6 +10,7 @@
 
 #include "cli/MapLoading.h"
 #include "cli/MapPicture.h"
+#include "cli/Messages.h"
 #include "cli/SharedSettings.h"
 #include "maps/RomDocument.h"
 #include "rom/SafeFileWriter.h"
@@ -33,18 +34,19 @@ void RenderMap(MapRendering& m, const RenderAllOptions& options, const SettingsR
       return;
     }
   } catch (const RuntimeError& e) {
-    m.error = e.GermanMessage();
+    m.error = RuntimeErrorText(e);
     return;
   } catch (const RomOpenError& e) {
     m.error = e.GermanMessage();
     return;
   }
   const RomDocument& doc = loaded->document;
+  m.read_past_end = loaded->read_past_end;
   m.width = doc.Secondary().Width();
   m.height = doc.Secondary().Height();
   // A strip outside the grid leaves the grid unfinished: that is no picture of the map.
   if (loaded->grid_error) {
-    m.error = loaded->grid_error->GermanMessage();
+    m.error = RuntimeErrorText(*loaded->grid_error);
     return;
   }
   const std::string name = PictureName(m);
@@ -53,7 +55,7 @@ void RenderMap(MapRendering& m, const RenderAllOptions& options, const SettingsR
              PngPalette(doc.Colours()));
     m.file = name;
   } catch (const FileWriteError& e) {
-    m.error = "could not write " + e.path() + ": " + e.reason();
+    m.error = FileErrorText("write", e);
   }
 }
 

@@ -30,6 +30,7 @@ struct MapRendering {
   std::optional<int> height;
   std::string file;   // the picture's name in the output directory, once it is written
   std::string error;  // why there is no picture: the load's message or the write's reason
+  bool read_past_end = false;  // the load read past the end of the ROM file
 };
 
 // Every map of every bank, in bank and map order, as the map lists count them.

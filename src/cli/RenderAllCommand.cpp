@@ -11,6 +11,7 @@
 
 #include "cli/Command.h"
 #include "cli/MapLoading.h"
+#include "cli/Messages.h"
 #include "cli/OutputFile.h"
 #include "cli/RenderAll.h"
 #include "rom/SafeFileWriter.h"
@@ -19,8 +20,7 @@ namespace kartova::cli {
 
 namespace {
 
-constexpr const char* kUsage =
-    "Usage: kartova-cli [--ini FILE] render-all ROM OUTDIR [--time N] [--zoom 1|2] [--jobs N]\n";
+constexpr const char* kUsage = "render-all ROM OUTDIR [--time N] [--zoom 1|2] [--jobs N]";
 constexpr int kMaxJobs = 256;
 
 std::filesystem::path PathOf(const std::string& text) {
@@ -33,8 +33,7 @@ int DefaultJobs() {
 }
 
 // The options of a valid command line; nullopt for wrong usage.
-std::optional<RenderAllOptions> ParseOptions(const std::vector<std::string>& args) {
-  const SplitArguments split = SplitOptions(args, {"time", "zoom", "jobs"});
+std::optional<RenderAllOptions> ParseOptions(const SplitArguments& split) {
   auto option = [&](const char* name, int fallback) -> std::optional<int> {
     const auto it = split.options.find(name);
     return it == split.options.end() ? fallback : SmallNumber(it->second);
@@ -56,26 +55,24 @@ bool MakeOutputDirectory(const CommandContext& ctx, const std::string& dir) {
   std::filesystem::create_directories(PathOf(dir), ec);
   std::error_code status_ec;
   if (std::filesystem::is_directory(PathOf(dir), status_ec)) return true;
-  ctx.err << "kartova-cli: cannot create the directory " << dir
-          << (ec ? ": " + ec.message() : std::string()) << "\n";
+  PrintError(ctx.err, "cannot create the directory " + dir + (ec ? ": " + ec.message() : std::string()));
   return false;
 }
 
 int RunRenderAll(const CommandContext& ctx) {
-  const std::optional<RenderAllOptions> options = ParseOptions(ctx.args);
-  if (!options) {
-    ctx.err << "kartova-cli: render-all needs a ROM file and an output directory; --time takes "
-               "0-8, --zoom 1 or 2, --jobs 1-"
-            << kMaxJobs << "\n"
-            << kUsage;
-    return 2;
-  }
+  const SplitArguments split = SplitOptions(ctx.args, {"time", "zoom", "jobs"});
+  const std::optional<RenderAllOptions> options = ParseOptions(split);
+  if (!options)
+    return CommandUsageError(ctx, split,
+                             "render-all needs a ROM file and an output directory; --time takes 0-8, "
+                             "--zoom 1 or 2, --jobs 1-" + std::to_string(kMaxJobs),
+                             kUsage);
   // Refused before the ROM is read; a directory that is missing is only made once the ROM
   // has opened, so that a wrong ROM name leaves nothing behind.
   std::error_code ec;
   const std::filesystem::file_status status = std::filesystem::status(PathOf(options->out_dir), ec);
   if (std::filesystem::exists(status) && !std::filesystem::is_directory(status)) {
-    ctx.err << "kartova-cli: " << options->out_dir << " is not a directory\n";
+    PrintError(ctx.err, options->out_dir + " is not a directory");
     return 1;
   }
   std::vector<MapRendering> maps = ListAllMaps(options->rom, ctx.settings);
@@ -91,22 +88,23 @@ int RunRenderAll(const CommandContext& ctx) {
 
   int status_code = 0;
   for (const MapRendering& m : maps) {
+    if (m.read_past_end) PrintWarning(ctx.err, ReadPastEndWarning(options->rom, m.bank, m.map));
     if (m.error.empty()) continue;
-    ctx.err << "kartova-cli: map " << m.bank << "." << m.map << ": " << m.error << "\n";
+    PrintError(ctx.err, "map " + std::to_string(m.bank) + "." + std::to_string(m.map) + ": " + m.error);
     status_code = 1;
   }
   const std::string index = PathIn(options->out_dir, "index.json");
   try {
     WriteNewFile(index, JsonText(IndexJson(maps)));
   } catch (const FileWriteError& e) {
-    ctx.err << "kartova-cli: could not write " << e.path() << ": " << e.reason() << "\n";
+    PrintError(ctx.err, FileErrorText("write", e));
     return 1;
   }
   return status_code;
 }
 
 const CommandRegistrar kRenderAllCommand(Command{
-    "render-all", "render-all ROM OUTDIR [--time N] [--zoom 1|2] [--jobs N]",
+    "render-all", kUsage, "Draw every map into a folder of PNGs with an index.",
     "Renders every map of every map bank as the render command does into OUTDIR/BANK-MAP.png "
     "(numbers from 1, such as 24-3.png) and lists them in OUTDIR/index.json: one object per "
     "map in bank and map order with bank, map, name, width, height and file, or error instead "

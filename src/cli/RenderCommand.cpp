@@ -6,6 +6,7 @@
 #include "cli/Command.h"
 #include "cli/MapLoading.h"
 #include "cli/MapPicture.h"
+#include "cli/Messages.h"
 #include "cli/PngWriter.h"
 #include "rom/SafeFileWriter.h"
 
@@ -13,18 +14,16 @@ namespace kartova::cli {
 
 namespace {
 
-constexpr const char* kUsage =
-    "Usage: kartova-cli [--ini FILE] render ROM BANK MAP OUT.png [--time N] [--zoom 1|2]\n";
+constexpr const char* kUsage = "render ROM BANK MAP OUT.png [--time N] [--zoom 1|2]";
 
 int RunRender(const CommandContext& ctx) {
   const MapCommandLine line = ParseMapCommandLine(ctx.args, 4, {"time", "zoom"});
   const std::optional<int> zoom = line.Option("zoom", 1);
-  if (!line.valid || !zoom || *zoom < 1 || *zoom > 2) {
-    ctx.err << "kartova-cli: render needs a ROM file, a map bank 1-26, a map number from 1 and "
-               "an output file; --time takes 0-8, --zoom 1 or 2\n"
-            << kUsage;
-    return 2;
-  }
+  if (!line.valid || !zoom || *zoom < 1 || *zoom > 2)
+    return CommandUsageError(ctx, line.split,
+                             "render needs a ROM file, a map bank 1-26, a map number from 1 and an "
+                             "output file; --time takes 0-8, --zoom 1 or 2",
+                             kUsage);
   LoadedMap loaded;
   if (const std::optional<int> failed = LoadMap(ctx, line, loaded)) return *failed;
   const IndexedImage picture = RenderGrid(loaded.document, *zoom);
@@ -32,14 +31,14 @@ int RunRender(const CommandContext& ctx) {
   try {
     WritePng(out_path, picture, PngPalette(loaded.document.Colours()));
   } catch (const FileWriteError& error) {
-    ctx.err << "kartova-cli: could not write " << error.path() << ": " << error.reason() << "\n";
+    PrintError(ctx.err, FileErrorText("write", error));
     return 1;
   }
   return ReportGridError(ctx, loaded);
 }
 
 const CommandRegistrar kRenderCommand(Command{
-    "render", "render ROM BANK MAP OUT.png [--time N] [--zoom 1|2]",
+    "render", kUsage, "Draw one map with its margin into a PNG picture.",
     "Loads map MAP of map bank BANK as the map command does and writes the whole bordered grid "
     "(the map with its three-block margin and the neighbours' strips) to OUT.png in the "
     "colours of the colour table: (width + 6) x 32 x zoom by (height + 6) x 32 x zoom pixels, "

@@ -1,17 +1,20 @@
 // kartova-cli: the editor's data paths from the command line.
 
 #include <algorithm>
+#include <cerrno>
 #include <exception>
 #include <iostream>
 #include <optional>
 #include <sstream>
 #include <string>
+#include <system_error>
 #include <vector>
 
 #include <unistd.h>
 
 #include "cli/CliSettings.h"
 #include "cli/Command.h"
+#include "cli/Messages.h"
 #include "maps/RomFileChecks.h"
 #include "rom/RuntimeError.h"
 
@@ -22,6 +25,7 @@ namespace {
 constexpr int kExitError = 1;
 constexpr int kExitUsage = 2;
 constexpr std::size_t kHelpWidth = 78;
+constexpr std::size_t kSummaryColumn = 22;
 
 const char* const kUsage = "Usage: kartova-cli [--ini FILE] COMMAND [ARGS...]";
 
@@ -56,23 +60,25 @@ const Command* FindCommand(const std::string& name) {
 }
 
 void PrintCommandHelp(std::ostream& out, const Command& c) {
-  out << "  kartova-cli [--ini FILE] " << c.usage << "\n" << Wrapped(c.help, 6);
+  out << UsageLine(c.usage) << "\n" << Wrapped(c.help, 2);
 }
 
 void PrintHelp(std::ostream& out) {
   out << kUsage << "\n\n"
       << Wrapped("Reads Game Boy Color ROM images with the editor's own code and prints what it "
                  "finds, mostly as JSON.", 0)
-      << "\nOptions:\n"
-      << "  --ini FILE    Read settings and ROM definitions from the INI file FILE.\n"
-      << "  -h, --help    Show this help. 'kartova-cli help COMMAND' shows one command.\n"
-      << "  --version     Print the version of kartova-cli and exit.\n"
       << "\nCommands:\n";
   for (const Command* c : SortedCommands()) {
-    PrintCommandHelp(out, *c);
-    out << "\n";
+    std::string name = "  " + c->name;
+    name.resize(std::max(kSummaryColumn, name.size() + 2), ' ');
+    out << name << c->summary << "\n";
   }
-  out << "Settings:\n"
+  out << "\nOptions (before the command, after it or among its arguments; '--' ends them):\n"
+      << "  --ini FILE    Read settings and ROM definitions from the INI file FILE.\n"
+      << "  -h, --help    Show this help; with a command, that command's usage.\n"
+      << "  --version     Print the version of kartova-cli and exit.\n"
+      << "\n'kartova-cli help COMMAND' shows what a command does and its options.\n\n"
+      << "Settings:\n"
       << Wrapped("Without --ini, settings and ROM definitions come from the store the editor "
                  "uses: Kartova.ini (beside this program; in $XDG_CONFIG_HOME/Kartova/, by default "
                  "~/.config/Kartova/, when the program is installed, that is when "
@@ -89,17 +95,76 @@ bool StderrIsTerminal(const std::ostream& err) {
 }
 
 int UsageError(std::ostream& err, const std::string& message) {
-  err << "kartova-cli: " << message << "\n" << kUsage << "\nTry 'kartova-cli --help'.\n";
+  PrintError(err, message);
+  err << kUsage << "\nTry 'kartova-cli help'.\n";
   return kExitUsage;
 }
 
+// The command line with the global options taken out, wherever they stand before "--".
+struct GlobalOptions {
+  std::optional<std::string> ini;
+  bool help = false;
+  bool version = false;
+  std::string command;             // empty when none was given
+  std::vector<std::string> args;   // the command's arguments, a "--" among them kept
+  std::string error;               // wrong usage
+};
+
+bool LooksLikeOption(const std::string& a) { return a.size() > 1 && a[0] == '-'; }
+
+GlobalOptions ParseGlobalOptions(const std::vector<std::string>& args) {
+  GlobalOptions g;
+  // Before the command name only global options may stand; after it, the command's own
+  // options are left to the command.
+  auto take = [&](const std::string& word) {
+    if (g.command.empty())
+      g.command = word;
+    else
+      g.args.push_back(word);
+  };
+  for (std::size_t i = 0; i < args.size(); ++i) {
+    const std::string& a = args[i];
+    if (a == "--") {
+      // The command's name may itself follow "--"; the command still learns where the
+      // options ended.
+      std::size_t next = i + 1;
+      if (g.command.empty() && next < args.size()) g.command = args[next++];
+      g.args.push_back("--");
+      g.args.insert(g.args.end(), args.begin() + static_cast<std::ptrdiff_t>(next), args.end());
+      break;
+    }
+    if (a == "--help" || a == "-h") {
+      g.help = true;
+    } else if (a == "--version") {
+      g.version = true;
+    } else if (a == "--ini") {
+      if (i + 1 >= args.size()) {
+        g.error = "--ini needs a file name";
+        break;
+      }
+      g.ini = args[++i];
+    } else if (a.rfind("--ini=", 0) == 0) {
+      g.ini = a.substr(6);
+    } else if (g.command.empty() && LooksLikeOption(a)) {
+      g.error = "unknown option '" + a + "'";
+      break;
+    } else {
+      take(a);
+    }
+  }
+  return g;
+}
+
 int RunHelp(const std::vector<std::string>& args, std::ostream& out, std::ostream& err) {
-  if (args.empty()) {
+  const SplitArguments split = SplitOptions(args, {});
+  if (!split.error.empty()) return UsageError(err, split.error);
+  if (split.positional.empty()) {
     PrintHelp(out);
     return 0;
   }
-  const Command* c = FindCommand(args[0]);
-  if (c == nullptr) return UsageError(err, "unknown command '" + args[0] + "'");
+  if (split.positional.size() > 1) return UsageError(err, "help takes one command name");
+  const Command* c = FindCommand(split.positional[0]);
+  if (c == nullptr) return UsageError(err, "unknown command '" + split.positional[0] + "'");
   PrintCommandHelp(out, *c);
   return 0;
 }
@@ -107,59 +172,44 @@ int RunHelp(const std::vector<std::string>& args, std::ostream& out, std::ostrea
 int RunCommand(const Command& command, const std::vector<std::string>& args,
                const std::optional<std::string>& ini, const std::string& program_dir,
                std::ostream& out, std::ostream& err) {
-  if (args.size() == 1 && (args[0] == "--help" || args[0] == "-h")) {
-    PrintCommandHelp(out, command);
-    return 0;
-  }
   try {
     OpenedSettings settings = OpenCliSettings(ini, program_dir);
     if (!settings.reader) {
-      err << "kartova-cli: " << settings.error << "\n";
+      PrintError(err, settings.error);
       return kExitError;
     }
     return command.run(CommandContext{args, *settings.reader, out, err, StderrIsTerminal(err)});
   } catch (const RuntimeError& e) {
-    err << e.GermanMessage() << "\n";
+    PrintError(err, RuntimeErrorText(e));
   } catch (const RomOpenError& e) {
-    err << e.GermanMessage() << "\n";
+    PrintError(err, e.GermanMessage());
   } catch (const std::exception& e) {
-    err << "kartova-cli: " << e.what() << "\n";
+    PrintError(err, e.what());
   }
   return kExitError;
 }
 
 int Run(const std::vector<std::string>& args, const std::string& program_dir, std::ostream& out,
         std::ostream& err) {
-  std::optional<std::string> ini;
-  std::size_t i = 0;
-  for (; i < args.size(); ++i) {
-    const std::string& a = args[i];
-    if (a == "--help" || a == "-h") {
-      PrintHelp(out);
-      return 0;
-    }
-    if (a == "--version") {
-      out << "kartova-cli " << KARTOVA_VERSION << "\n";
-      return 0;
-    }
-    if (a == "--ini") {
-      if (i + 1 >= args.size()) return UsageError(err, "--ini needs a file name");
-      ini = args[++i];
-    } else if (a.rfind("--ini=", 0) == 0) {
-      ini = a.substr(6);
-    } else if (a.size() > 1 && a[0] == '-') {
-      return UsageError(err, "unknown option '" + a + "'");
-    } else {
-      break;
-    }
+  const GlobalOptions g = ParseGlobalOptions(args);
+  if (!g.error.empty()) return UsageError(err, g.error);
+  if (g.version) {
+    out << kProgramName << " " << KARTOVA_VERSION << "\n";
+    return 0;
   }
-  if (i >= args.size()) return UsageError(err, "no command given");
-  const std::string& name = args[i];
-  const std::vector<std::string> rest(args.begin() + static_cast<std::ptrdiff_t>(i) + 1, args.end());
-  if (name == "help") return RunHelp(rest, out, err);
-  const Command* command = FindCommand(name);
-  if (command == nullptr) return UsageError(err, "unknown command '" + name + "'");
-  return RunCommand(*command, rest, ini, program_dir, out, err);
+  if (g.command == "help") return RunHelp(g.args, out, err);
+  if (g.command.empty()) {
+    if (!g.help) return UsageError(err, "no command given");
+    PrintHelp(out);
+    return 0;
+  }
+  const Command* command = FindCommand(g.command);
+  if (command == nullptr) return UsageError(err, "unknown command '" + g.command + "'");
+  if (g.help) {
+    PrintCommandHelp(out, *command);
+    return 0;
+  }
+  return RunCommand(*command, g.args, g.ini, program_dir, out, err);
 }
 
 }  // namespace
@@ -170,9 +220,12 @@ int main(int argc, char** argv) {
   const std::vector<std::string> args(argv + std::min(argc, 1), argv + argc);
   const int status = kartova::cli::Run(args, kartova::cli::ProgramDirectory(argc > 0 ? argv[0] : nullptr),
                                        std::cout, std::cerr);
+  errno = 0;
   std::cout.flush();
   if (!std::cout) {
-    std::cerr << "kartova-cli: could not write the output\n";
+    const int error = errno;
+    kartova::cli::PrintError(std::cerr, std::string("could not write the output") +
+                                            (error != 0 ? ": " + std::generic_category().message(error) : ""));
     return 1;
   }
   return status;

@@ -55,7 +55,7 @@ class FileSource {
   FileSource& operator=(const FileSource&) = delete;
 
   bool Next(std::uint8_t& b) {
-    if (next_ == filled_ && !Refill()) return false;
+    if (next_ == filled_ && !Refill()) return RanOffTheFile();
     b = chunk_[next_++];
     ++consumed_;
     return true;
@@ -69,6 +69,7 @@ class FileSource {
       done += take;
     }
     consumed_ += static_cast<std::int64_t>(done);
+    if (done < n) RanOffTheFile();
     return done;
   }
   std::size_t Skip(std::size_t n) {
@@ -79,6 +80,7 @@ class FileSource {
       done += take;
     }
     consumed_ += static_cast<std::int64_t>(done);
+    if (done < n) RanOffTheFile();
     return done;
   }
   void SkipToEnd() {
@@ -90,12 +92,19 @@ class FileSource {
  private:
   static constexpr std::size_t kChunkSize = 1024;
 
+  // The chunks read ahead of the decoder: that the last one is short says nothing yet. Only
+  // a stream that needs a byte the file does not have runs past its end.
   bool Refill() {
     if (at_end_) return false;
-    filled_ = file_.ReadBytes(chunk_, kChunkSize);
+    filled_ = file_.ReadAhead(chunk_, kChunkSize);
     next_ = 0;
     if (filled_ < kChunkSize) at_end_ = true;
     return filled_ > 0;
+  }
+
+  bool RanOffTheFile() {
+    file_.NoteReadPastEnd();
+    return false;
   }
 
   RomFile& file_;

@@ -29,13 +29,19 @@ RomDocument::RomDocument() : graphics_(std::make_unique<TilesetGraphics>()) {}
 void RomDocument::OpenRom(const std::string& path, const SettingsReader& settings) {
   CheckRomFile(path);
   // Everything is read into locals first, so a runtime error leaves the previous ROM current.
-  RomDefinition definition = ReadRomDefinition(path, settings);
+  RomDefinition definition = WithErrorContext({ErrorActivity::kOpeningRom, path, std::nullopt},
+                                              [&] { return ReadRomDefinition(path, settings); });
   RomFile rom = RomFile::OpenExisting(path);
-  const MapGroupPointers groups = ReadMapGroupTable(rom);
+  MapGroupPointers groups{};
   MapCounts counts{};
-  for (int bank = 0; bank < kMapBankCount; ++bank)
-    counts[static_cast<size_t>(bank)] = CountMapsInBank(rom, groups, bank, definition.header_length);
-  LocationNames names = ReadLocationNames(rom, definition.map_name_table, text_table_);
+  WithErrorContext({ErrorActivity::kReadingMapBankTable, path, kMapGroupTableOffset}, [&] {
+    groups = ReadMapGroupTable(rom);
+    for (int bank = 0; bank < kMapBankCount; ++bank)
+      counts[static_cast<size_t>(bank)] = CountMapsInBank(rom, groups, bank, definition.header_length);
+  });
+  LocationNames names =
+      WithErrorContext({ErrorActivity::kReadingLocationNames, path, definition.map_name_table},
+                       [&] { return ReadLocationNames(rom, definition.map_name_table, text_table_); });
   last_system_reads_ = rom.SystemReads();
   rom.Close();
 
@@ -56,10 +62,21 @@ void RomDocument::OpenRom(const std::string& path, const SettingsReader& setting
 }
 
 MapList RomDocument::FillMapList(int bank) const {
+  std::optional<std::int64_t> headers_at;  // the bank's header list
+  if (bank >= 0 && bank < kMapBankCount)
+    headers_at = MapGroupOffset(group_pointers_[static_cast<size_t>(bank)]);
+  const ErrorContext context = RomContext(ErrorActivity::kReadingMapList, headers_at);
   RomFile rom = RomFile::OpenExisting(rom_path_);
-  MapList list = ReadMapList(rom, group_pointers_, map_counts_, bank, definition_.header_length, map_names_);
+  MapList list = WithErrorContext(context, [&] {
+    return ReadMapList(rom, group_pointers_, map_counts_, bank, definition_.header_length, map_names_);
+  });
+  if (list.error) list.error->AddContext(context);
   last_system_reads_ = rom.SystemReads();
   return list;
+}
+
+ErrorContext RomDocument::RomContext(ErrorActivity activity, std::optional<std::int64_t> offset) const {
+  return ErrorContext{activity, rom_path_, offset};
 }
 
 std::vector<std::string> RomDocument::LocationList() const { return LocationItems(map_names_); }
@@ -73,7 +90,7 @@ std::int64_t RomDocument::HeaderOffset(int bank, int map) const {
 
 MapLoadResult RomDocument::LoadSelectedMap(int bank, int map, const MapLoadListener& listener) {
   MapLoadResult result;
-  auto done = [&](MapLoadStep step) {
+  const MapLoadListener done = [&](MapLoadStep step) {
     result.steps.push_back(step);
     if (listener) listener(step);
   };
@@ -81,14 +98,31 @@ MapLoadResult RomDocument::LoadSelectedMap(int bank, int map, const MapLoadListe
   history_.CloseGesture();
   // Discarding header edits is a step of its own that can be undone; every other load
   // replaces what the steps refer to, and the history starts anew.
-  const bool restoring = apply_mode_ == kApplyRestoreHeaders;
-  if (!restoring) history_.Clear();
-  const PrimaryHeaderBuffer primary_before = primary_;
-  const SecondaryHeaderBuffer secondary_before = secondary_;
+  if (apply_mode_ != kApplyRestoreHeaders) history_.Clear();
   selected_bank_ = bank;
   selected_map_ = map;
-  std::optional<RuntimeError> grid_error;
   RomFile rom = RomFile::OpenExisting(rom_path_);
+  std::optional<RuntimeError> grid_error;
+  try {
+    grid_error = RunLoadStages(rom, bank, map, result, done);
+  } catch (...) {
+    last_load_read_past_end_ = rom.ReadPastEnd();
+    throw;
+  }
+  result.read_past_end = last_load_read_past_end_ = rom.ReadPastEnd();
+  last_system_reads_ = rom.SystemReads();
+  rom.Close();
+  RememberDiskStamp();
+  if (grid_error) throw *grid_error;
+  return result;
+}
+
+std::optional<RuntimeError> RomDocument::RunLoadStages(RomFile& rom, int bank, int map, MapLoadResult& result,
+                                                       const MapLoadListener& done) {
+  std::optional<RuntimeError> grid_error;
+  const bool restoring = apply_mode_ == kApplyRestoreHeaders;
+  const PrimaryHeaderBuffer primary_before = primary_;
+  const SecondaryHeaderBuffer secondary_before = secondary_;
   if (apply_mode_ != kApplyEditedHeaders && reload_scope_ == kReloadFull) {
     ReadHeaders(rom, bank, map);
     saved_primary_ = primary_;
@@ -117,16 +151,19 @@ MapLoadResult RomDocument::LoadSelectedMap(int bank, int map, const MapLoadListe
       done(MapLoadStep::kMapRedraw);
     }
   }
-  last_system_reads_ = rom.SystemReads();
-  rom.Close();
-  RememberDiskStamp();
-  if (grid_error) throw *grid_error;
-  return result;
+  return grid_error;
 }
 
 void RomDocument::ReadHeaders(RomFile& rom, int bank, int map) {
-  ReadPrimaryHeader(rom, HeaderOffset(bank, map), primary_);
-  ReadSecondaryHeader(rom, primary_, secondary_);
+  std::optional<std::int64_t> at;  // unknown when the offset itself overflows
+  try {
+    at = HeaderOffset(bank, map);
+    ReadPrimaryHeader(rom, *at, primary_);
+    ReadSecondaryHeader(rom, primary_, secondary_);
+  } catch (RuntimeError& error) {
+    error.AddContext(RomContext(ErrorActivity::kReadingHeaders, at));
+    throw;
+  }
 }
 
 void RomDocument::DeriveMapValues() {
@@ -143,12 +180,15 @@ void RomDocument::LoadTilesetStage(RomFile& rom) {
   request.primary = primary_.bytes;
   request.time_of_day = time_of_day_;
   request.map_bank = selected_bank_ + 1;
-  LoadTilesetGraphics(rom, request, *graphics_);
+  // The offset named is the tileset table's: only its pointer leads to the map's record.
+  WithErrorContext(RomContext(ErrorActivity::kReadingTileset, definition_.tileset_base),
+                   [&] { LoadTilesetGraphics(rom, request, *graphics_); });
 }
 
 // The events stage: script header and event header with their six record lists.
 void RomDocument::LoadEventsStage(RomFile& rom) {
-  LoadMapEvents(rom, secondary_, events_);
+  WithErrorContext(RomContext(ErrorActivity::kReadingEvents, ScriptHeaderOffset(secondary_)),
+                   [&] { LoadMapEvents(rom, secondary_, events_); });
   saved_events_ = events_;
 }
 
@@ -160,6 +200,7 @@ std::optional<RuntimeError> RomDocument::BuildExtendedMapStage(RomFile& rom) {
     BuildExtendedMap(rom, secondary_.bytes, definition_.header_length, grid_);
   } catch (const RuntimeError& raised) {
     error = raised;
+    error->AddContext(RomContext(ErrorActivity::kBuildingMap, secondary_.BlockDataFileOffset()));
   }
   RememberSavedBlocks();
   return error;
@@ -169,8 +210,10 @@ bool RomDocument::SetTimeOfDay(int value, int bank) {
   if (value == time_of_day_) return false;
   time_of_day_ = value;
   RomFile rom = RomFile::OpenExisting(rom_path_);
-  LoadPalettes(rom, SelectPalettes(graphics_->record, primary_.bytes, time_of_day_, bank + 1),
-               graphics_->colours);
+  WithErrorContext(RomContext(ErrorActivity::kReadingPalettes), [&] {
+    LoadPalettes(rom, SelectPalettes(graphics_->record, primary_.bytes, time_of_day_, bank + 1),
+                 graphics_->colours);
+  });
   last_system_reads_ = rom.SystemReads();
   return true;
 }

@@ -55,6 +55,10 @@ using MapLoadListener = std::function<void(MapLoadStep)>;
 struct MapLoadResult {
   bool headers_read = false;
   std::vector<MapLoadStep> steps;  // as reported to the listener
+  // A read of the load wanted bytes past the end of the file: the file is shorter than the
+  // data the map points to (a truncated ROM), and what could not be read was taken as the
+  // readers take it (zeros, or what the buffer held).
+  bool read_past_end = false;
 };
 
 // What a save writes: the regions in the order they are written. A runtime error raised on
@@ -75,6 +79,8 @@ struct MapImport {
 // The open ROM and the current map. The GUI and the command line both drive this one class;
 // it holds everything decoded from the ROM, and every operation opens the file, reads what it
 // needs and closes it again, so a change made on disk by another program is seen next time.
+// A runtime error leaves an operation with its context (RuntimeError::context()): what was
+// being read or written, the file, and the offset of the table or record when it is known.
 class RomDocument {
  public:
   RomDocument();
@@ -167,6 +173,9 @@ class RomDocument {
   // Reads that went to the operating system in the last OpenRom or LoadSelectedMap (the
   // definition's own title read not counted).
   int LastSystemReads() const { return last_system_reads_; }
+  // The last LoadSelectedMap read past the end of the file (as MapLoadResult::read_past_end;
+  // also set by a load that ended with a runtime error).
+  bool LastLoadReadPastEnd() const { return last_load_read_past_end_; }
 
   // ---- Edits ----------------------------------------------------------------------------
   // Every change of the buffers goes through these, and each is a step of the history.
@@ -235,6 +244,15 @@ class RomDocument {
 
  private:
   void ReadHeaders(RomFile& rom, int bank, int map);
+  // The stages of LoadSelectedMap through the open file; returns the runtime error that ended
+  // the grid early, if one did.
+  std::optional<RuntimeError> RunLoadStages(RomFile& rom, int bank, int map, MapLoadResult& result,
+                                            const MapLoadListener& done);
+  // The context of a runtime error raised while reading the current ROM.
+  ErrorContext RomContext(ErrorActivity activity, std::optional<std::int64_t> offset = std::nullopt) const;
+  // The regions of a save of the scope; a runtime error of the plan names `file`.
+  SavePlan PlanSave(int scope, const std::string& file) const;
+  MapImport ImportRows(const std::string& path);
   EditTarget Target() { return EditTarget{primary_, secondary_, grid_, events_}; }
   void ResetSavedState();
   void RememberSavedBlocks();
@@ -276,6 +294,7 @@ class RomDocument {
   ExtendedMap grid_;
   MapEventSet events_;
   mutable int last_system_reads_ = 0;
+  bool last_load_read_past_end_ = false;
 
   EditHistory history_;
   std::unique_ptr<PaintCellsEdit> stroke_;

@@ -42,18 +42,27 @@ void RomDocument::AppendBlockRegion(std::vector<FileRegion>& regions) const {
   regions.push_back(std::move(rows));
 }
 
-SavePlan RomDocument::SaveRegions(int scope) const {
+SavePlan RomDocument::SaveRegions(int scope) const { return PlanSave(scope, rom_path_); }
+
+SavePlan RomDocument::PlanSave(int scope, const std::string& file) const {
   SavePlan plan;
   if (!MapLoaded()) return plan;
+  // Where the part being planned goes; unknown while the header's own offset is computed.
+  std::optional<std::int64_t> at;
   try {
     if (scope == kReloadFull) AppendHeaderRegions(plan.regions);
-    if (scope == kReloadFull || scope == kReloadMapOnly) AppendBlockRegion(plan.regions);
+    if (scope == kReloadFull || scope == kReloadMapOnly) {
+      at = secondary_.BlockDataFileOffset();
+      AppendBlockRegion(plan.regions);
+    }
     if (scope == kReloadFull || scope == kReloadEventsOnly) {
+      at = ScriptHeaderOffset(secondary_);
       std::vector<FileRegion> events = EventSaveRegions(secondary_, events_);
       plan.regions.insert(plan.regions.end(), events.begin(), events.end());
     }
   } catch (const RuntimeError& error) {
     plan.error = error;
+    plan.error->AddContext({ErrorActivity::kSaving, file, at});
   }
   return plan;
 }
@@ -75,7 +84,7 @@ void RomDocument::SaveRom(int scope) {
 void RomDocument::SaveRomAs(const std::string& path) {
   EndStroke();
   history_.CloseGesture();
-  const SavePlan plan = SaveRegions(kReloadFull);
+  const SavePlan plan = PlanSave(kReloadFull, path);
   SafeWriteOptions options;
   options.fault_hook = write_fault_hook_;
   // Saved onto itself, nothing is copied; and a ROM that vanished meanwhile is not rebuilt from
@@ -121,10 +130,16 @@ void RomDocument::ExportMap(const std::string& path) const {
   SafeWriteOptions options;
   options.fault_hook = write_fault_hook_;
   options.create_if_missing = true;
-  WriteRegionsSafely(path, {FileRegion{0, MapFileBytes()}}, options);
+  const std::vector<std::uint8_t> bytes =
+      WithErrorContext({ErrorActivity::kExportingMap, path, std::nullopt}, [&] { return MapFileBytes(); });
+  WriteRegionsSafely(path, {FileRegion{0, bytes}}, options);
 }
 
 MapImport RomDocument::ImportMap(const std::string& path) {
+  return WithErrorContext({ErrorActivity::kImportingMap, path, std::nullopt}, [&] { return ImportRows(path); });
+}
+
+MapImport RomDocument::ImportRows(const std::string& path) {
   EndStroke();
   RomFile file = RomFile::OpenForRead(path);
   if (!file.IsOpen()) throw FileWriteError(path, OpenFailureReason(path));

@@ -57,6 +57,7 @@ RomFile& RomFile::operator=(RomFile&& o) noexcept {
     file_ = std::exchange(o.file_, nullptr);
     writable_ = o.writable_;
     write_failed_ = o.write_failed_;
+    read_past_end_ = o.read_past_end_;
     size_ = o.size_;
     position_ = o.position_;
     system_reads_ = o.system_reads_;
@@ -92,6 +93,15 @@ const std::vector<std::uint8_t>* RomFile::Page(std::int64_t index) {
 }
 
 std::size_t RomFile::ReadBytes(std::uint8_t* dst, std::size_t n) {
+  const bool from_file = position_ >= 0 && !writable_;
+  const std::size_t done = Copy(dst, n);
+  if (done < n && from_file) read_past_end_ = true;
+  return done;
+}
+
+std::size_t RomFile::ReadAhead(std::uint8_t* dst, std::size_t n) { return Copy(dst, n); }
+
+std::size_t RomFile::Copy(std::uint8_t* dst, std::size_t n) {
   std::size_t done = 0;
   std::int64_t pos = position_;
   position_ += static_cast<std::int64_t>(n);

@@ -17,8 +17,10 @@ namespace kartova {
 // never creates anything. Nothing else is checked: a handle that could not be opened reads
 // nothing and writes nothing. A read past the end of the file leaves
 // the caller's bytes as they were; ReadByte and ReadWord start from zero, so they yield zero
-// bits for what could not be read. Reads are served from 4 KiB pages fetched once per
-// operation, so reading a record field by field costs no system call per field.
+// bits for what could not be read. Such a short read is remembered (ReadPastEnd), so that a
+// load can tell that the file is shorter than the data it points to. Reads are served from
+// 4 KiB pages fetched once per operation, so reading a record field by field costs no system
+// call per field.
 class RomFile {
  public:
   static RomFile OpenForRead(const std::string& path);
@@ -48,6 +50,14 @@ class RomFile {
   // Reads up to n bytes into dst and advances by n; returns how many bytes were there.
   // Bytes beyond the end of the file are left untouched in dst.
   std::size_t ReadBytes(std::uint8_t* dst, std::size_t n);
+  // As ReadBytes, for a reader that fetches more than it may need (a chunk of a stream whose
+  // end it does not know yet): a short read is not taken for a read past the end. The reader
+  // calls NoteReadPastEnd itself when it did need what was not there.
+  std::size_t ReadAhead(std::uint8_t* dst, std::size_t n);
+  void NoteReadPastEnd() { read_past_end_ = true; }
+  // True when a read of this handle wanted bytes past the end of the file (or any bytes from
+  // a file that could not be opened).
+  bool ReadPastEnd() const { return read_past_end_; }
 
   // Which byte values a search stops at.
   using ByteSet = std::array<bool, 256>;
@@ -74,12 +84,15 @@ class RomFile {
  private:
   RomFile(std::FILE* file, bool writable);
   const std::vector<std::uint8_t>* Page(std::int64_t index);
+  // Copies what the file holds of [position, position + n) and advances by n.
+  std::size_t Copy(std::uint8_t* dst, std::size_t n);
 
   static constexpr std::int64_t kPageSize = 4096;
   static constexpr std::int64_t kSearchBlockSize = 64 * 1024;
   std::FILE* file_ = nullptr;
   bool writable_ = false;
   bool write_failed_ = false;
+  bool read_past_end_ = false;
   std::int64_t size_ = 0;
   std::int64_t position_ = 0;
   int system_reads_ = 0;

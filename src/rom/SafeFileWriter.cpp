@@ -174,7 +174,10 @@ class TempFile {
  public:
   TempFile(const Job& job, const std::string& target) {
     const std::filesystem::path t(target);
-    path_ = (t.parent_path() / ("." + t.filename().string() + ".kartova-XXXXXX")).string();
+    std::string name = ".";
+    name += t.filename().string();
+    name += ".kartova-XXXXXX";
+    path_ = (t.parent_path() / name).string();
     fd_ = ::mkostemp(path_.data(), O_CLOEXEC);
     if (fd_ < 0) job.Fail(errno);
   }
@@ -228,9 +231,9 @@ void KeepOwner(int fd, const struct stat& target) {
 
 // Makes the rename itself durable. Best effort: the new file is complete either way.
 void SyncDirectory(const std::string& target) {
-  std::string dir = std::filesystem::path(target).parent_path().string();
-  if (dir.empty()) dir = ".";
-  const Descriptor fd(::open(dir.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
+  const std::string parent = std::filesystem::path(target).parent_path().string();
+  const char* dir = parent.empty() ? "." : parent.c_str();
+  const Descriptor fd(::open(dir, O_RDONLY | O_DIRECTORY | O_CLOEXEC));
   if (fd.get() >= 0) ::fsync(fd.get());
 }
 

@@ -18,14 +18,25 @@ bool Contains(const std::string& text, const std::string& part) {
 }
 
 TEST(CliFrameTest, HelpVersionAndWrongUsage) {
-  for (const std::vector<std::string>& args :
-       {std::vector<std::string>{"--help"}, {"-h"}, {"help"}, {"help", "info"}, {"info", "--help"}}) {
+  // The list: every command on a line of its own, no paragraphs.
+  for (const std::vector<std::string>& args : {std::vector<std::string>{"--help"}, {"-h"}, {"help"}}) {
     const CliResult r = RunCli(args);
     EXPECT_EQ(r.status, 0) << args[0];
-    EXPECT_TRUE(Contains(r.out, "kartova-cli [--ini FILE] info ROM")) << r.out;
+    for (const char* command : {"export-map", "import-map", "info", "install-definition", "make-demo", "map",
+                                "render", "render-all"})
+      EXPECT_TRUE(Contains(r.out, "\n  " + std::string(command) + " ")) << command << "\n" << r.out;
+    EXPECT_TRUE(Contains(r.out, "  info                Print the ROM definition")) << r.out;
+    EXPECT_FALSE(Contains(r.out, "extraHeaderByteNames")) << r.out;
+    EXPECT_TRUE(Contains(r.out, "--version")) << "listed in the help";
+  }
+  // One command: its usage and its paragraph, however it is asked for.
+  for (const std::vector<std::string>& args : {std::vector<std::string>{"help", "info"}, {"info", "--help"},
+                                               {"--help", "info"}, {"info", "x.gbc", "-h"}}) {
+    const CliResult r = RunCli(args);
+    EXPECT_EQ(r.status, 0) << args[0];
+    EXPECT_TRUE(r.out.rfind("Usage: kartova-cli [--ini FILE] info ROM\n", 0) == 0) << r.out;
     EXPECT_TRUE(Contains(r.out, "extraHeaderByteNames")) << r.out;  // the command's paragraph
   }
-  EXPECT_TRUE(Contains(RunCli({"--help"}).out, "--version")) << "listed in the help";
   const CliResult version = RunCli({"--version"});
   EXPECT_EQ(version.status, 0);
   EXPECT_EQ(version.err, "");
@@ -39,13 +50,46 @@ TEST(CliFrameTest, HelpVersionAndWrongUsage) {
       {{"help", "frobnicate"}, "unknown command 'frobnicate'"},
       {{"--ini"}, "--ini needs a file name"},
       {{"--verbose", "info", "x"}, "unknown option '--verbose'"},
+      {{"info", "x", "--verbose"}, "unknown option '--verbose'"},
+      {{"info", "-x", "rom.gbc"}, "unknown option '-x'"},
+      {{"render-all", "x", "out", "--frob=1"}, "unknown option '--frob=1'"},
+      {{"map", "x", "1", "1", "--time"}, "--time needs a value"},
+      {{"info", "x", "--ini"}, "--ini needs a file name"},
   };
   for (const auto& [args, message] : wrong) {
     const CliResult r = RunCli(args);
     EXPECT_EQ(r.status, 2) << message;
     EXPECT_EQ(r.out, "") << message;
-    EXPECT_TRUE(Contains(r.err, message) && Contains(r.err, "Usage: kartova-cli")) << r.err;
+    EXPECT_TRUE(r.err.rfind("kartova-cli: " + message + "\n", 0) == 0 && Contains(r.err, "Usage: kartova-cli"))
+        << r.err;
   }
+}
+
+// --ini (and --help, --version) may stand before the command, after it or among its arguments;
+// after "--" everything is an argument of the command.
+TEST(CliFrameTest, GlobalOptionsStandAnywhereUntilDoubleDash) {
+  test::TempDir dir;
+  const std::string rom = dir.File("rom.gbc"), ini = dir.File("rom.ini");
+  test::WriteFileBytes(rom, RomBuilder().HeaderLength(10).Build());
+  WriteFileText(ini, "[Settings]\nHeaderLengthA=10\n");
+  for (const std::vector<std::string>& args :
+       {std::vector<std::string>{"--ini", ini, "info", rom}, {"info", rom, "--ini", ini},
+        {"info", "--ini=" + ini, rom}, {"--ini", ini, "--", "info", rom}, {"info", "--ini", ini, "--", rom}}) {
+    const CliResult r = RunCli(args);
+    EXPECT_EQ(r.status, 0) << args[0] << " " << args[1] << "\n" << r.err;
+    EXPECT_TRUE(Contains(r.out, "\"headerLength\": 10,")) << args[0] << " " << args[1];
+  }
+  const CliResult version = RunCli({"info", rom, "--version"});
+  EXPECT_EQ(version.status, 0);
+  EXPECT_EQ(version.out.rfind("kartova-cli ", 0), 0u);
+
+  // Behind "--" an option is a file name like any other.
+  CliResult r = RunCli({"--ini", ini, "info", "--", "--help"});
+  EXPECT_EQ(r.status, 1);
+  EXPECT_EQ(r.err, "kartova-cli: Datei nicht gefunden: --help\n");
+  r = RunCli({"--ini", ini, "map", "--", rom, "1", "1", "--time", "3"});
+  EXPECT_EQ(r.status, 2);
+  EXPECT_TRUE(r.err.rfind("kartova-cli: map needs a ROM file", 0) == 0) << r.err;
 }
 
 #if defined(__linux__)

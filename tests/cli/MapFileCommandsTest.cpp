@@ -63,7 +63,7 @@ TEST_F(MapFileCommandsTest, FailuresLeaveTheRomAsItWas) {
     test::CliResult r = Run(command, dir.path().string());
     EXPECT_EQ(r.status, 1) << command;
     EXPECT_NE(r.err.find("is a directory"), std::string::npos) << r.err;
-    EXPECT_EQ(Run(command, map_file, "9").err, "Fehler: Ziel-Map (2.9) existiert nicht.\n");
+    EXPECT_EQ(Run(command, map_file, "9").err, "kartova-cli: Fehler: Ziel-Map (2.9) existiert nicht.\n");
     for (const auto& bad : std::vector<std::vector<std::string>>{
              {command, rom, "2", "1"}, {command, rom, "0", "1", map_file},
              {command, rom, "2", "1", map_file, "--time", "2"}, {command, rom, "2", "1", map_file, "x"}}) {

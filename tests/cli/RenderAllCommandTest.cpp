@@ -8,6 +8,7 @@
 #include "cli/CliProcess.h"
 #include "cli/DecodedPng.h"
 #include "demo/DemoRom.h"
+#include "rom/HexText.h"
 
 namespace kartova {
 namespace {
@@ -94,7 +95,8 @@ TEST_F(RenderAllCommandTest, AMapThatFailsIsListedWithItsErrorAndTheOthersAreRen
   const std::array<std::uint8_t, 12> south = {3, 1, 0x00, 0x40, 0x00, 0xC9, 3, 3, 0, 0, 0, 0};
   b.Map(3, {.tileset = 4, .width = 2, .height = 2, .blocks = {1, 1, 1, 1},
             .connections = {{.direction = Direction::kSouth, .target = {3, 1}, .raw = south}}});
-  test::WriteFileBytes(rom, b.Build());
+  const BuiltRom built = b.BuildWithLayout();
+  test::WriteFileBytes(rom, built.bytes);
   // And 1.1 cannot be written: a directory stands where its picture goes.
   const std::string out = dir.File("out");
   fs::create_directories(out + "/1-1.png");
@@ -103,7 +105,8 @@ TEST_F(RenderAllCommandTest, AMapThatFailsIsListedWithItsErrorAndTheOthersAreRen
   EXPECT_EQ(r.status, 1);
   EXPECT_EQ(r.err, "kartova-cli: map 1.1: could not write " + out + "/1-1.png: Is a directory\n"
                    "kartova-cli: map 3.3: Laufzeitfehler '9': Index au\xC3\x9F" "erhalb des g\xC3\xBC"
-                   "ltigen Bereichs\n");
+                   "ltigen Bereichs (while building the map from rom.gbc, block data at 0x" +
+                       Hex6(built.layout.Map(3, 3).blocks) + ")\n");
   const QJsonArray index = Index(out);
   ASSERT_EQ(index.size(), kDemoMaps + 1);
   const QJsonObject failed = index[kDemoMaps].toObject();
@@ -134,7 +137,7 @@ TEST_F(RenderAllCommandTest, WrongOutputDirectoriesAndUsage) {
   // A ROM that cannot be opened leaves no directory behind.
   r = Run({"render-all", dir.File("none.gbc"), dir.File("new")});
   EXPECT_EQ(r.status, 1);
-  EXPECT_EQ(r.err, "Datei nicht gefunden: " + dir.File("none.gbc") + "\n");
+  EXPECT_EQ(r.err, "kartova-cli: Datei nicht gefunden: " + dir.File("none.gbc") + "\n");
   EXPECT_FALSE(fs::exists(dir.File("new")));
 
   for (const std::vector<std::string>& bad :

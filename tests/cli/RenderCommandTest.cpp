@@ -46,8 +46,9 @@ TEST_F(RenderCommandTest, MapPrintsHeadersGridAndColoursAndRefusesWrongArguments
   r = Run({"map", rom, "2", "3"});
   EXPECT_EQ(r.status, 1);
   EXPECT_EQ(r.out, "");
-  EXPECT_EQ(r.err, "Fehler: Ziel-Map (2.3) existiert nicht.\n");
-  EXPECT_EQ(Run({"map", dir.path().string(), "1", "1"}).err, "Ist ein Verzeichnis: " + dir.path().string() + "\n");
+  EXPECT_EQ(r.err, "kartova-cli: Fehler: Ziel-Map (2.3) existiert nicht.\n");
+  EXPECT_EQ(Run({"map", dir.path().string(), "1", "1"}).err,
+            "kartova-cli: Ist ein Verzeichnis: " + dir.path().string() + "\n");
   for (const auto& bad : std::vector<std::vector<std::string>>{
            {"map", rom, "2", "1", "--time", "9"}, {"map", rom, "2", "1", "--zoom", "2"},
            {"map", rom, "0", "1"}, {"map", rom, "27", "1"}, {"map", rom, "2", "0"},
@@ -83,7 +84,7 @@ TEST_F(RenderCommandTest, RenderWritesTheBorderedGridInTheTableColours) {
   EXPECT_EQ(picture.Rgb(4 * 64 + 63, 3 * 64), 0xFFFFFFu);  // block 1 at lighting 1
   EXPECT_EQ(picture.Rgb(3 * 64 + 1, 4 * 64 + 63), 0x00FF00u);
 
-  EXPECT_EQ(Run({"render", rom, "2", "3", png}).err, "Fehler: Ziel-Map (2.3) existiert nicht.\n");
+  EXPECT_EQ(Run({"render", rom, "2", "3", png}).err, "kartova-cli: Fehler: Ziel-Map (2.3) existiert nicht.\n");
 }
 
 // Map 2.3's south strip would lie outside its grid: every map command fails with the runtime
@@ -93,12 +94,15 @@ TEST_F(RenderCommandTest, AStripOutsideTheGridFailsEveryMapCommandButTheMapIsSti
   const std::array<std::uint8_t, 12> south = {2, 1, 0x00, 0x40, 0x00, 0xC9, 3, 3, 0, 0, 0, 0};
   b.Map(2, {.width = 2, .height = 2, .blocks = {2, 2, 2, 2},
             .connections = {{.direction = Direction::kSouth, .target = {2, 1}, .raw = south}}});
-  const Bytes world = b.Build();
+  const BuiltRom built = b.BuildWithLayout();
+  const Bytes& world = built.bytes;
   Write(world);
   const auto fails = [&](const std::vector<std::string>& args) {
     const test::CliResult r = Run(args);
     EXPECT_EQ(r.status, 1) << args[0];
-    EXPECT_EQ(r.err, "Laufzeitfehler '9': Index außerhalb des gültigen Bereichs\n") << args[0];
+    EXPECT_EQ(r.err, "kartova-cli: Laufzeitfehler '9': Index außerhalb des gültigen Bereichs (while building the "
+                     "map from rom.gbc, block data at 0x" + Hex6(built.layout.Map(2, 3).blocks) + ")\n")
+        << args[0];
     return r;
   };
   EXPECT_EQ(test::JsonOf(fails({"map", rom, "2", "3"}))["grid"].toArray()[3].toString(), "0000000202000000");
@@ -110,6 +114,34 @@ TEST_F(RenderCommandTest, AStripOutsideTheGridFailsEveryMapCommandButTheMapIsSti
   test::WriteFileBytes(map_file, {1, 1, 1, 1});
   fails({"import-map", rom, "2", "3", map_file});
   EXPECT_EQ(test::ReadFileBytes(rom), world);
+}
+
+// A ROM cut short inside a map's block rows: every command that loads the map says so on
+// standard error and does its work as before, with the same exit status.
+TEST_F(RenderCommandTest, AMapThatReadsPastTheEndOfTheFileIsWarnedAbout) {
+  const BuiltRom built = PlainWorld().BuildWithLayout();
+  const std::int64_t cut = built.layout.Map(2, 2).blocks + 1;
+  ASSERT_GT(cut, 0x94121);  // still large enough to be opened
+  Write(Bytes(built.bytes.begin(), built.bytes.begin() + cut));
+  const std::string warning = "kartova-cli: warning: map 2.2: " + rom +
+                              " is shorter than the data the map points to; what lies past its end was not read\n";
+  const test::CliResult all = Run({"render-all", rom, dir.File("all")});
+  EXPECT_EQ(all.status, 0);
+  EXPECT_NE(all.err.find(warning), std::string::npos) << all.err;
+  // Last, as its save writes the rows the file lacked.
+  const std::string map_file = dir.File("x.map");
+  for (const std::vector<std::string>& args : {std::vector<std::string>{"map", rom, "2", "2"},
+                                               {"render", rom, "2", "2", png},
+                                               {"export-map", rom, "2", "2", map_file},
+                                               {"import-map", rom, "2", "2", map_file}}) {
+    const test::CliResult r = Run(args);
+    EXPECT_EQ(r.status, 0) << args[0];
+    EXPECT_EQ(r.err, warning) << args[0];
+  }
+  EXPECT_TRUE(test::ReadPng(png).ok);
+  EXPECT_EQ(test::ReadFileBytes(map_file).size(), 1u + 4 * 4);
+  Write(built.bytes);
+  EXPECT_EQ(Run({"map", rom, "2", "2"}).err, "");
 }
 
 // PlainWorld's blocks 0..3 are one colour each: colour-table entries 0, 9, 22 and 31.

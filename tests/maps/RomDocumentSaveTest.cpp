@@ -53,7 +53,7 @@ TEST_F(RomDocumentSaveTest, EveryDemoMapSavesBackByteIdenticalToItsOwnPlaces) {
   for (int bank = 0; bank < kMapBankCount; ++bank) {
     for (int map = 0; map < doc.MapCountPerBank()[static_cast<std::size_t>(bank)]; ++map, ++maps) {
       SCOPED_TRACE(testing::Message() << "map " << bank + 1 << "." << map + 1);
-      doc.LoadSelectedMap(bank, map);
+      EXPECT_FALSE(doc.LoadSelectedMap(bank, map).read_past_end);
       const MapLayout& at = demo.layout.Map(bank + 1, map + 1);
       const SavePlan plan = doc.SaveRegions(kReloadFull);
       ASSERT_FALSE(plan.error);
@@ -210,8 +210,13 @@ TEST_F(RomDocumentSaveTest, AMapWithoutRowsWritesNothingPastTheEnd) {
   Set(bytes, demo.layout.Map(1, 1).secondary_header + 3, 0xFF);  // rows in bank 0xFF
   try {
     Open(bytes);
-  } catch (const RuntimeError&) {
+    ADD_FAILURE() << "the neighbours' strips should not fit";
+  } catch (const RuntimeError& error) {
     // the neighbours' strips no longer fit a map of no width; the map itself is loaded
+    ASSERT_TRUE(error.context());
+    EXPECT_EQ(error.context()->activity, ErrorActivity::kBuildingMap);
+    EXPECT_EQ(error.context()->file, path);
+    EXPECT_EQ(error.context()->offset, 0xFF * 0x4000 + (demo.layout.Map(1, 1).blocks & 0x3FFF));
   }
   ASSERT_TRUE(doc.MapLoaded());
   doc.SaveRom(kReloadMapOnly);

@@ -4,6 +4,7 @@
 
 #include "demo/RomBuilder.h"
 #include "maps/RomDocument.h"
+#include "rom/Address.h"
 #include "rom/RuntimeError.h"
 #include "support/MemorySettings.h"
 #include "support/TempDir.h"
@@ -145,6 +146,87 @@ TEST_F(RomDocumentTest, ChangesOnDiskAreSeenByTheNextOperation) {
   std::filesystem::permissions(path, std::filesystem::perms::owner_read);
   doc.OpenRom(path, settings);
   EXPECT_TRUE(doc.ReadOnly());
+}
+
+// The context the runtime error of `operation` carries (none when it raised nothing).
+template <typename Operation>
+ErrorContext ContextOf(Operation&& operation) {
+  try {
+    operation();
+  } catch (const RuntimeError& error) {
+    if (error.context()) return *error.context();
+    ADD_FAILURE() << "a runtime error without a context";
+    return {};
+  }
+  ADD_FAILURE() << "no runtime error";
+  return {};
+}
+
+// Each stage names itself, the ROM and what it was reading. Palettes and events cannot raise one.
+TEST_F(RomDocumentTest, RuntimeErrorsSayWhatWasReadFromWhichFileWhere) {
+  using A = ErrorActivity;
+  auto expect = [&](const ErrorContext& c, A activity, std::optional<std::int64_t> offset) {
+    EXPECT_EQ(c.activity, activity);
+    EXPECT_EQ(c.file, path);
+    EXPECT_EQ(c.offset, offset);
+  };
+  settings.Set("Settings", "HeaderLengthA", "31");  // longer than a header buffer
+  expect(ContextOf([&] { doc.OpenRom(path, settings); }), A::kOpeningRom, std::nullopt);
+  settings.Set("Settings", "HeaderLengthA", "9");
+  settings.Set("Settings", "MapNameTable", "7FFFFFF0");  // the last entry lies beyond 32 bits
+  expect(ContextOf([&] { doc.OpenRom(path, settings); }), A::kReadingLocationNames, 0x7FFFFFF0);
+  settings.Set("Settings", "MapNameTable", "92384");
+
+  // A bank of 300 records that all look like headers: more maps than a byte can count.
+  Bytes endless = world.bytes;
+  for (int bank = 0; bank < kMapBankCount; ++bank) {
+    endless[static_cast<std::size_t>(kMapGroupTableOffset + 2 * bank)] = 0x00;
+    endless[static_cast<std::size_t>(kMapGroupTableOffset + 2 * bank + 1)] = 0x80;
+  }
+  for (int n = 0; n < 300; ++n) {
+    const auto at = static_cast<std::size_t>(MapGroupOffset(0x8000) + 9 * n);
+    std::fill(endless.begin() + static_cast<std::ptrdiff_t>(at), endless.begin() + static_cast<std::ptrdiff_t>(at + 9), 0);
+    endless[at + 4] = 0x40;  // the secondary header pointer 0x4000
+  }
+  test::WriteFileBytes(path, endless);
+  expect(ContextOf([&] { doc.OpenRom(path, settings); }), A::kReadingMapBankTable, kMapGroupTableOffset);
+  test::WriteFileBytes(path, world.bytes);
+
+  settings.Set("Settings", "TilesetBase", "7FFFFFFE");  // its table pointer lies beyond 32 bits
+  doc.OpenRom(path, settings);
+  expect(ContextOf([&] { doc.LoadSelectedMap(0, 0); }), A::kReadingTileset, 0x7FFFFFFE);
+  settings.Set("Settings", "TilesetBase", "2DFA");
+  doc.OpenRom(path, settings);
+  // No 16-bit list index: the header's offset is not known, and a save cannot place it.
+  expect(ContextOf([&] { doc.LoadSelectedMap(0, 40000); }), A::kReadingHeaders, std::nullopt);
+  const SavePlan plan = doc.SaveRegions(kReloadFull);
+  ASSERT_TRUE(plan.error && plan.error->context());
+  expect(*plan.error->context(), A::kSaving, std::nullopt);
+
+  Bytes unnamed = world.bytes;
+  unnamed[static_cast<std::size_t>(world.layout.Map(1, 2).primary_header + 5)] = 95;
+  test::WriteFileBytes(path, unnamed);
+  const MapList list = doc.FillMapList(0);
+  ASSERT_TRUE(list.error && list.error->context());
+  expect(*list.error->context(), A::kReadingMapList, world.layout.Map(1, 1).primary_header);
+  EXPECT_EQ(list.error->GermanMessage(), "Laufzeitfehler '9': Index außerhalb des gültigen Bereichs");
+}
+
+TEST_F(RomDocumentTest, ALoadTellsWhetherItReadPastTheEndOfTheFile) {
+  doc.OpenRom(path, settings);
+  EXPECT_FALSE(doc.LoadSelectedMap(0, 1).read_past_end);
+  EXPECT_FALSE(doc.LastLoadReadPastEnd());
+  // Cut inside the map's block rows: the load still runs to its end, on what is there.
+  const MapLayout& at = world.layout.Map(1, 2);
+  ASSERT_GT(at.blocks, at.secondary_header);
+  test::WriteFileBytes(path, Bytes(world.bytes.begin(), world.bytes.begin() + at.blocks + 20));
+  const MapLoadResult cut = doc.LoadSelectedMap(0, 1);
+  EXPECT_TRUE(cut.read_past_end);
+  EXPECT_TRUE(doc.LastLoadReadPastEnd());
+  EXPECT_EQ(cut.steps.back(), MapLoadStep::kMapBuilt);
+  test::WriteFileBytes(path, world.bytes);
+  EXPECT_FALSE(doc.LoadSelectedMap(0, 1).read_past_end);
+  EXPECT_FALSE(doc.LastLoadReadPastEnd());
 }
 
 }  // namespace

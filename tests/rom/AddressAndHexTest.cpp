@@ -22,6 +22,28 @@ TEST(AddressTest, ProperPointersAgreeAndMalformedOnesMaskDifferently) {
   }
 }
 
+TEST(RuntimeErrorTest, TheInnermostContextWinsAndTheGermanMessageStaysAsItIs) {
+  RuntimeError error = RuntimeError::Overflow();
+  EXPECT_FALSE(error.context());
+  try {
+    WithErrorContext({ErrorActivity::kOpeningRom, "/roms/outer.gbc", std::nullopt}, [&] {
+      WithErrorContext({ErrorActivity::kReadingLocationNames, "/roms/demo.gbc", 0x92384},
+                       [] { throw RuntimeError::Overflow(); });
+    });
+  } catch (const RuntimeError& raised) {
+    error = raised;
+  }
+  ASSERT_TRUE(error.context());
+  EXPECT_EQ(error.context()->activity, ErrorActivity::kReadingLocationNames);
+  EXPECT_EQ(error.GermanMessage(), "Laufzeitfehler '6': \xC3\x9C" "berlauf");
+  EXPECT_EQ(DescribeContextEnglish(*error.context()),
+            "while reading the location names from demo.gbc, table at 0x092384");
+  EXPECT_EQ(DescribeContextEnglish({ErrorActivity::kReadingHeaders, "rom.gbc", std::nullopt}),
+            "while reading the map headers from rom.gbc");
+  EXPECT_EQ(DescribeContextEnglish({ErrorActivity::kBuildingMap, "", 0x3FC0123}),
+            "while building the map, block data at 0x3FC0123");
+}
+
 TEST(HexTextTest, PadsCutsAndParsesLikeTheAmpersandHForm) {
   EXPECT_EQ(Hex2(0) + Hex2(255) + Hex2(5) + Hex2(0x1AB) + Hex2(-1), "00FF05ABFF");
   EXPECT_EQ(Hex4(0xC733), "C733");

@@ -32,8 +32,13 @@ TEST_F(RomFileTest, ReadsLittleEndianFromSharedPagesAndLeavesBytesPastTheEndAlon
   f.Seek(4095);  // a word across a page boundary
   EXPECT_EQ(f.ReadWord(), bytes[4095] | (bytes[4096] << 8));
   std::uint8_t buf[4] = {0xAA, 0xAA, 0xAA, 0xAA};
+  f.Seek(4996);
+  EXPECT_EQ(f.ReadBytes(buf, 4), 4u);  // up to the last byte: nothing past the end
+  EXPECT_EQ(f.ReadAhead(buf, 4), 0u);  // a read ahead may come back short
+  EXPECT_FALSE(f.ReadPastEnd());
   f.Seek(4998);
   EXPECT_EQ(f.ReadBytes(buf, 4), 2u);
+  EXPECT_TRUE(f.ReadPastEnd());
   EXPECT_EQ(buf[0], bytes[4998]);
   EXPECT_EQ(buf[2], 0xAA);
   EXPECT_EQ(f.Position(), 5002);
