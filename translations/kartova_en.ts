@@ -1176,6 +1176,81 @@ Pointer to the time script, in the bank to its left.</translation>
     </message>
 </context>
 <context>
+    <name>RuntimeError</name>
+    <message>
+        <source>Beim Öffnen von %1</source>
+        <translation>While opening %1</translation>
+    </message>
+    <message>
+        <source>Beim Lesen der Map-Bank-Tabelle aus %1</source>
+        <translation>While reading the map bank table from %1</translation>
+    </message>
+    <message>
+        <source>Beim Lesen der Ortsnamen aus %1</source>
+        <translation>While reading the location names from %1</translation>
+    </message>
+    <message>
+        <source>Beim Lesen der Map-Liste aus %1</source>
+        <translation>While reading the map list from %1</translation>
+    </message>
+    <message>
+        <source>Beim Lesen der Map-Header aus %1</source>
+        <translation>While reading the map headers from %1</translation>
+    </message>
+    <message>
+        <source>Beim Lesen des Tilesets aus %1</source>
+        <translation>While reading the tileset from %1</translation>
+    </message>
+    <message>
+        <source>Beim Lesen der Paletten aus %1</source>
+        <translation>While reading the palettes from %1</translation>
+    </message>
+    <message>
+        <source>Beim Lesen der Events aus %1</source>
+        <translation>While reading the events from %1</translation>
+    </message>
+    <message>
+        <source>Beim Aufbau der Map und ihrer Verbindungen aus %1</source>
+        <translation>While building the map and its connections from %1</translation>
+    </message>
+    <message>
+        <source>Beim Speichern in %1</source>
+        <translation>While saving into %1</translation>
+    </message>
+    <message>
+        <source>Beim Exportieren der Map nach %1</source>
+        <translation>While exporting the map to %1</translation>
+    </message>
+    <message>
+        <source>Beim Importieren der Map aus %1</source>
+        <translation>While importing the map from %1</translation>
+    </message>
+    <message>
+        <source>Bei der Arbeit mit %1</source>
+        <translation>While working on %1</translation>
+    </message>
+    <message>
+        <source>Tabelle bei 0x%1</source>
+        <translation>table at 0x%1</translation>
+    </message>
+    <message>
+        <source>Header bei 0x%1</source>
+        <translation>header at 0x%1</translation>
+    </message>
+    <message>
+        <source>Daten bei 0x%1</source>
+        <translation>data at 0x%1</translation>
+    </message>
+    <message>
+        <source>Datei: %1</source>
+        <translation>File: %1</translation>
+    </message>
+    <message>
+        <source>Laufzeitfehler: %1</source>
+        <translation>Run-time error: %1</translation>
+    </message>
+</context>
+<context>
     <name>kartova::AboutWindow</name>
     <message>
         <source>Über Kartova</source>
@@ -1579,6 +1654,10 @@ The language will change at the next start.</translation>
     <message>
         <source>Fehler: Ziel-Bank (%1) existiert nicht.</source>
         <translation>Error: target bank (%1) does not exist.</translation>
+    </message>
+    <message>
+        <source>Achtung: Die ROM-Datei endet vor den Daten dieser Map (gekürzte Datei?); was dahinter liegt, konnte nicht gelesen werden.</source>
+        <translation>Warning: the ROM file ends before the data of this map (a truncated file?); what lies beyond its end could not be read.</translation>
     </message>
 </context>
 <context>

@@ -8,8 +8,14 @@
 
 namespace kartova {
 
-// Shows a runtime error the way the editor always has: the German runtime message in a plain
-// box with an OK button.
+// The runtime message in the language of the ui (in German exactly the core's text), and the
+// detailed text: what was being done on which file, and where in it ("Beim Lesen der Ortsnamen
+// aus demo.gbc, Tabelle bei 0x092384" and the full path); empty when the error has no context.
+QString RuntimeErrorText(const RuntimeError& error);
+QString RuntimeErrorDetail(const RuntimeError& error);
+
+// Shows a runtime error the way the editor always has: the runtime message in a plain box with
+// an OK button; what was being done is its detailed text.
 void ShowRuntimeError(Prompter& prompter, const RuntimeError& error);
 // For anything else that escapes a handler; no exception may unwind through Qt's event loop.
 void ShowUnexpectedError(Prompter& prompter, const std::exception& error);

@@ -127,6 +127,18 @@ void MapNavigator::LoadSelectedMap() {
   // The map number is kept as a signed 16-bit list index.
   const auto map = static_cast<std::int16_t>(selector_.map_index());
   const ScopeExit edited([this] { context_.DocumentEdited(); });
+  // Said even when the load ends with a runtime error: a truncated file is the likely reason.
+  // The warning stays until a load that read only what is there.
+  const ScopeExit truncated([this] {
+    if (document_.LastLoadReadPastEnd()) {
+      context_.ShowStatus(1, tr("Achtung: Die ROM-Datei endet vor den Daten dieser Map (gekürzte Datei?); "
+                                "was dahinter liegt, konnte nicht gelesen werden."));
+      truncation_shown_ = true;
+    } else if (truncation_shown_) {
+      context_.ShowStatus(1, QString());
+      truncation_shown_ = false;
+    }
+  });
   document_.LoadSelectedMap(selector_.bank_index(), map, [this](MapLoadStep step) { AfterMapLoadStep(step); });
   state.changes_pending = false;
 }

@@ -63,6 +63,8 @@ class MapNavigator : public QObject {
   HeaderPage& header_page_;
   std::function<bool()> confirm_discard_;
   QWidget& views_;
+  // Panel 1 shows the warning about a file that ends before the map's data.
+  bool truncation_shown_ = false;
 };
 
 }  // namespace kartova

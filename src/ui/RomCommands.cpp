@@ -13,6 +13,7 @@
 #include "ui/FileExists.h"
 #include "ui/HeaderPage.h"
 #include "ui/MainWindow.h"
+#include "ui/CoreTexts.h"
 #include "ui/MapNavigator.h"
 #include "ui/MapSelector.h"
 #include "ui/MapPage.h"
@@ -122,11 +123,24 @@ void MainWindow::OpenCommandLineRom() {
 // A file that is no ROM at all (missing, a folder, too small) is reported as an error of the
 // file, not as a runtime error; the previous ROM stays current either way. The message names
 // the file and why; the details say what was being done.
+namespace {
+
+// The core's message is "<what>: <path>", perhaps followed by " (<system's reason>)"; the what
+// is shown in the language of the ui, path and reason as they are.
+QString OpenErrorText(const RomOpenError& error) {
+  const std::string message = error.GermanMessage();
+  const std::size_t at = message.find(": " + error.path());
+  if (at == std::string::npos) return CoreText(message);
+  return CoreText(message.substr(0, at)) + QString::fromStdString(message.substr(at));
+}
+
+}  // namespace
+
 void MainWindow::OpenRom() {
   try {
     ReadRomDefinitionAndTables();
   } catch (const RomOpenError& error) {
-    prompter_.Message(QString::fromStdString(error.GermanMessage()), kMessageTitle, Prompter::Buttons::kOk,
+    prompter_.Message(OpenErrorText(error), kMessageTitle, Prompter::Buttons::kOk,
                       Prompter::Icon::kCritical,
                       tr("Beim Öffnen der ROM-Datei %1")
                           .arg(QFileInfo(QString::fromStdString(error.path())).absoluteFilePath()));

@@ -268,6 +268,19 @@ TEST_F(MapListTest, KeysOpenAndStepThroughTheMapsOfTheBank) {
   EXPECT_EQ(Document().SelectedMap(), 4);
 }
 
+TEST_F(MapListTest, AMapWhoseDataLiesPastTheEndOfTheFileIsLoadedWithAWarning) {
+  OpenEditorWith(WriteDemoRom());
+  const std::vector<std::uint8_t>& bytes = DemoRom().bytes;
+  const std::int64_t cut = DemoRom().layout.Map(1, 2).blocks + 20;
+  WriteRom("demo.gbc", std::vector<std::uint8_t>(bytes.begin(), bytes.begin() + cut));
+  ClickMap(1);
+  EXPECT_EQ(Document().SelectedMap(), 1);
+  EXPECT_TRUE(window_->panel(1)->text().startsWith(QStringLiteral("Achtung: Die ROM-Datei endet vor den Daten")));
+  WriteRom("demo.gbc", bytes);
+  ClickMap(0);
+  EXPECT_FALSE(window_->panel(1)->text().startsWith(QStringLiteral("Achtung")));
+}
+
 TEST_F(MapListTest, ALocationAbove94EndsTheListWithTheRuntimeError) {
   OpenEditorWith(WriteDemoRom());
   std::vector<std::uint8_t> bytes = DemoRom().bytes;
@@ -276,6 +289,11 @@ TEST_F(MapListTest, ALocationAbove94EndsTheListWithTheRuntimeError) {
   prompter_.ExpectMessage(SubscriptMessage());
   ClickBank(0);
   EXPECT_EQ(Items(Combo("Combo3")).join("|"), QString::fromUtf8("Mühlental - 1.1|Weg 11 - 1.2"));
+  // The box says what was being read, from which file and where.
+  const QString offset = QStringLiteral("%1").arg(Document().HeaderOffset(0, 0), 6, 16, QLatin1Char('0')).toUpper();
+  EXPECT_EQ(prompter_.asked.back().detail.toStdString(),
+            "Beim Lesen der Map-Liste aus demo.gbc, Tabelle bei 0x" + offset.toStdString() + "\nDatei: " +
+                dir_.File("demo.gbc"));
 }
 
 }  // namespace
