@@ -40,7 +40,7 @@ class BenchEditor {
                                                 std::make_unique<QtRegistry>((dir_ / "registry.ini").string()));
     settings_->WriteRegistry("Settings", "DefaultPropertyPath", "ini");
     std::ofstream(settings_->IniPath()) << "[Settings]\nDefaultPropertyPath=ini\n" << DemoDefinitionIni() << "\n";
-    window_ = std::make_unique<MainWindow>(*settings_, prompter_, QString::fromStdString(program.string()));
+    window_ = std::make_unique<MainWindow>(*settings_, prompter_);
     StartupOptions options;
     options.rom_path = QString::fromStdString(rom_path);
     window_->set_startup_options(options);

@@ -63,7 +63,7 @@ int main(int argc, char* argv[]) {
   // is made, so a change of the language takes effect at the next start.
   kartova::InstallLanguage(kartova::LanguageSetting(settings));
   kartova::QtPrompter prompter;
-  kartova::MainWindow window(settings, prompter, program_dir);
+  kartova::MainWindow window(settings, prompter);
   prompter.set_parent(&window);
 
   QStringList arguments = QApplication::arguments();

@@ -65,8 +65,7 @@ constexpr LanguageItem kLanguages[] = {{"mnuLangDe", "de"}, {"mnuLangEn", "en"}}
 
 }  // namespace
 
-MainWindow::MainWindow(SettingsStore& settings, Prompter& prompter, const QString& /*program_dir*/,
-                       QWidget* parent)
+MainWindow::MainWindow(SettingsStore& settings, Prompter& prompter, QWidget* parent)
     : QMainWindow(parent), settings_(settings), prompter_(prompter), placement_(*this) {
   setObjectName(QStringLiteral("MainWindow"));
   setWindowTitle(QString::fromLatin1(kProgramTitle));

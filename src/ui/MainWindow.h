@@ -49,10 +49,7 @@ class MainWindow : public QMainWindow, public PageContext {
   Q_OBJECT
 
  public:
-  // program_dir, the program's folder, is no longer used by the window: the file dialogs
-  // start where the user's files are.
-  MainWindow(SettingsStore& settings, Prompter& prompter, const QString& program_dir,
-             QWidget* parent = nullptr);
+  MainWindow(SettingsStore& settings, Prompter& prompter, QWidget* parent = nullptr);
   ~MainWindow() override;
 
   // The start-up sequence: settings back end, caption, zooms, text table, views, geometry,

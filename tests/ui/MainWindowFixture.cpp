@@ -15,7 +15,7 @@ MainWindowTest::MainWindowTest() : program_dir_(dir_.File("program")) {
 
 template <typename Window>
 Window& MainWindowTest::Start(const QString& rom_argument) {
-  auto window = std::make_unique<Window>(*store_, prompter_, QString::fromStdString(program_dir_));
+  auto window = std::make_unique<Window>(*store_, prompter_);
   Window& started = *window;
   window_ = std::move(window);
   StartupOptions options;
