@@ -232,7 +232,7 @@ QString HeaderBoxTip(int box, int extra_byte) {
 
 QString HeaderComboTip(int combo) {
   const QString tip = Find(kPrimaryComboTips, combo);
-  return tip.isEmpty() ? tip : tip + QLatin1Char(' ') + Translated(kComboHint);
+  return tip.isEmpty() ? tip : tip + QLatin1Char('\n') + Translated(kComboHint);
 }
 
 QString ExtraByteSelectorTip() { return Translated(kExtraByteSelectorTip); }

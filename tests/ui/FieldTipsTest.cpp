@@ -64,7 +64,7 @@ TEST_F(FieldTipsTest, EveryHeaderAndEventFieldSaysWhichBytesItEdits) {
   }
 
   EXPECT_EQ(HeaderCombo(0)->toolTip(),
-            "Primärer Header, Byte 1\nNummer des Tilesets, aus dem die Map ihre Grafik und Blöcke nimmt. "
+            "Primärer Header, Byte 1\nNummer des Tilesets, aus dem die Map ihre Grafik und Blöcke nimmt.\n"
             "Zum Ändern den Code als zwei Hex-Ziffern eintippen.");
   EXPECT_EQ(Box(10)->toolTip(),
             "Sekundärer Header, Byte 1 (Eingaben ändern Byte 2)\n"
