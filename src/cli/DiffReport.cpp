@@ -122,7 +122,7 @@ std::string MapLine(const MapDiff& m) {
 
 std::int64_t OtherBytes(const RomDiff& diff) {
   std::int64_t bytes = 0;
-  for (const ByteRun& run : diff.other) bytes += run.length;
+  for (const ByteSpan& run : diff.other) bytes += run.length;
   return bytes;
 }
 
@@ -187,7 +187,7 @@ Json DiffJson(const RomDiff& diff) {
   for (const MapDiff& m : diff.maps) maps.push_back(MapDiffJson(m));
   json["maps"] = std::move(maps);
   Json other = Json::array();
-  for (const ByteRun& run : diff.other) other.push_back(Json{{"offset", run.offset}, {"length", run.length}});
+  for (const ByteSpan& run : diff.other) other.push_back(Json{{"offset", run.offset}, {"length", run.length}});
   json["other"] = std::move(other);
   if (diff.old_length != diff.new_length) json["length"] = Json::array({diff.old_length, diff.new_length});
   return json;

@@ -66,8 +66,8 @@ std::size_t SecondaryLength(const SecondaryHeaderBuffer& secondary) {
 // Where the compared parts of a map lie: the header record (HeaderLengthA bytes: the rest of
 // the 30 a save writes is the next record, compared with its own map), the secondary header
 // with its connection records, the block rows and the two event blocks.
-std::vector<ByteRun> Parts(const MapSnapshot& s, std::int32_t header_length) {
-  std::vector<ByteRun> parts;
+std::vector<ByteSpan> Parts(const MapSnapshot& s, std::int32_t header_length) {
+  std::vector<ByteSpan> parts;
   for (const FileRegion& region : s.SaveRegions())
     parts.push_back({region.offset, static_cast<std::int64_t>(region.bytes.size())});
   parts[0].length = header_length;
@@ -156,8 +156,8 @@ bool Differs(const MapDiff& diff) {
 // new place, which is where a patch writes it: those bytes are map bytes, the ones at the old
 // place are not.
 void CoverParts(const MapSnapshot& a, const MapSnapshot& b, std::int32_t header_length, Coverage& coverage) {
-  const std::vector<ByteRun> parts_a = Parts(a, header_length);
-  const std::vector<ByteRun> parts_b = Parts(b, header_length);
+  const std::vector<ByteSpan> parts_a = Parts(a, header_length);
+  const std::vector<ByteSpan> parts_b = Parts(b, header_length);
   for (std::size_t i = 0; i < parts_a.size(); ++i) {
     if (parts_a[i].offset == parts_b[i].offset)
       coverage.Add(parts_a[i].offset, std::min(parts_a[i].length, parts_b[i].length));
@@ -167,12 +167,12 @@ void CoverParts(const MapSnapshot& a, const MapSnapshot& b, std::int32_t header_
 }
 
 // The bytes that differ within the shorter file's length and that no map accounts for.
-std::vector<ByteRun> OtherRuns(const std::string& old_path, const std::string& new_path, std::int64_t length,
+std::vector<ByteSpan> OtherRuns(const std::string& old_path, const std::string& new_path, std::int64_t length,
                                Coverage& coverage) {
   std::ifstream a(old_path, std::ios::binary), b(new_path, std::ios::binary);
   constexpr std::int64_t kChunk = 256 * 1024;
   std::vector<char> chunk_a(kChunk), chunk_b(kChunk);
-  std::vector<ByteRun> runs;
+  std::vector<ByteSpan> runs;
   for (std::int64_t at = 0; at < length; at += kChunk) {
     const std::int64_t n = std::min(kChunk, length - at);
     a.read(chunk_a.data(), n);

@@ -70,14 +70,14 @@ struct MapDiff {
 };
 
 // A run of bytes that differ outside the map structures.
-struct ByteRun {
+struct ByteSpan {
   std::int64_t offset = 0;
   std::int64_t length = 0;
 };
 
 struct RomDiff {
   std::vector<MapDiff> maps;     // bank by bank, map by map
-  std::vector<ByteRun> other;    // in file order, touching runs merged
+  std::vector<ByteSpan> other;    // in file order, touching runs merged
   std::int64_t old_length = 0;
   std::int64_t new_length = 0;
 
