@@ -3,21 +3,12 @@
 #include <array>
 #include <utility>
 
+#include "cli/EventKindNames.h"
 #include "rom/HexText.h"
 
 namespace kartova::cli {
 
 namespace {
-
-// The kinds in the order `map` lists them: the script header's before the event lists.
-constexpr std::array<std::pair<const char*, int>, kEventKindCount> kEventKinds = {{
-    {"enter", kEventEnter},
-    {"time", kEventTime},
-    {"warp", kEventWarp},
-    {"trigger", kEventTrigger},
-    {"sign", kEventSign},
-    {"people", kEventPeople},
-}};
 
 // Header bytes named one by one in the text summary; more are only counted.
 constexpr std::size_t kNamedBytes = 3;
@@ -51,7 +42,7 @@ Json ByteChangesJson(const std::vector<ByteChange>& changes) {
 
 Json EventsJson(const MapDiff& m) {
   Json json = Json::object();
-  for (const auto& [name, kind] : kEventKinds) {
+  for (const auto& [name, kind] : kEventKindNames) {
     const EventKindDiff& k = KindDiff(m, kind);
     if (k.Empty()) continue;
     Json records = Json::object();
@@ -107,7 +98,7 @@ std::string MapLine(const MapDiff& m) {
     parts.push_back(std::to_string(m.blocks.size()) + (m.blocks.size() == 1 ? " block" : " blocks"));
   AddHeaderParts(parts, "primary", m.primary);
   AddHeaderParts(parts, "secondary", m.secondary);
-  for (const auto& [name, kind] : kEventKinds) {
+  for (const auto& [name, kind] : kEventKindNames) {
     const EventKindDiff& k = KindDiff(m, kind);
     if (k.Empty()) continue;
     std::string part = std::string(name) + " " + std::to_string(k.records.size());
@@ -141,7 +132,7 @@ Json NewBytesJson(const std::vector<ByteChange>& changes) {
 // Records that both ROMs have; records added or removed are reported in left_out.
 Json PatchEventsJson(const MapDiff& m, std::vector<std::string>& left_out) {
   Json json = Json::object();
-  for (const auto& [name, kind] : kEventKinds) {
+  for (const auto& [name, kind] : kEventKindNames) {
     const EventKindDiff& k = KindDiff(m, kind);
     if (k.old_count != k.new_count)
       left_out.push_back("map " + MapLabel(m) + " has " + std::to_string(k.old_count) + " " + name +

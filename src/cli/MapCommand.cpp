@@ -6,6 +6,7 @@
 #include <utility>
 
 #include "cli/Command.h"
+#include "cli/EventKindNames.h"
 #include "cli/JsonText.h"
 #include "cli/MapLoading.h"
 #include "events/MapEventSet.h"
@@ -63,21 +64,10 @@ Json ColoursJson(const ColourTable& colours) {
   return list;
 }
 
-// The lists in the order the game keeps them: the script header (Enter, Time) before the
-// event lists (warps, triggers, signposts, people).
-constexpr std::array<std::pair<const char*, int>, kEventKindCount> kEventLists = {{
-    {"enter", kEventEnter},
-    {"time", kEventTime},
-    {"warp", kEventWarp},
-    {"trigger", kEventTrigger},
-    {"sign", kEventSign},
-    {"people", kEventPeople},
-}};
-
 // Each record as its bytes in ROM order, so a warp reads "0305010218".
 Json EventsJson(const MapEventSet& events) {
   Json json = Json::object();
-  for (const auto& [name, kind] : kEventLists) {
+  for (const auto& [name, kind] : kEventKindNames) {
     Json list = Json::array();
     for (int index = 0; index < events.Count(kind); ++index) {
       std::string record;

@@ -5,6 +5,7 @@
 #include <limits>
 
 #include "cli/Arguments.h"
+#include "cli/EventKindNames.h"
 #include "cli/Messages.h"
 #include "events/MapEventSet.h"
 #include "maps/MapHeaders.h"
@@ -13,16 +14,6 @@
 namespace kartova::cli {
 
 namespace {
-
-// The kinds in the order `map` lists them.
-constexpr std::array<std::pair<const char*, int>, kEventKindCount> kKindNames = {{
-    {"enter", kEventEnter},
-    {"time", kEventTime},
-    {"warp", kEventWarp},
-    {"trigger", kEventTrigger},
-    {"sign", kEventSign},
-    {"people", kEventPeople},
-}};
 
 using Problem = std::optional<PatchProblem>;
 
@@ -149,13 +140,13 @@ Problem ParseMapNumber(const Json& value, const std::string& path, const char* n
 std::string PatchProblem::Text() const { return path.empty() ? what : path + ": " + what; }
 
 std::optional<int> EventKindNamed(const std::string& name) {
-  for (const auto& [n, kind] : kKindNames)
+  for (const auto& [n, kind] : kEventKindNames)
     if (name == n) return kind;
   return std::nullopt;
 }
 
 const char* EventKindName(int kind) {
-  for (const auto& [n, k] : kKindNames)
+  for (const auto& [n, k] : kEventKindNames)
     if (k == kind) return n;
   return "";
 }
