@@ -12,6 +12,7 @@
 #include <vector>
 
 #include "BenchSupport.h"
+#include "DemoMapModels.h"
 #include "cli/Command.h"
 #include "maps/RomDocument.h"
 
@@ -24,25 +25,6 @@ struct PatchedMap {
   int bank, map, width, height;
 };
 
-// The demo's maps as declarations (headers and blocks), read back from the demo ROM.
-std::vector<MapDecl> DemoMaps() {
-  RomDocument doc;
-  doc.OpenRom(bench::DemoRomPath(), bench::DemoSettings());
-  std::vector<MapDecl> maps;
-  for (int bank = 0; bank < kMapBankCount; ++bank) {
-    for (int map = 0; map < doc.MapCountPerBank()[static_cast<std::size_t>(bank)]; ++map) {
-      doc.LoadSelectedMap(bank, map);
-      const auto& p = doc.Primary().bytes;
-      const auto& s = doc.Secondary().bytes;
-      const std::vector<std::uint8_t> file = doc.MapFileBytes();
-      maps.push_back({.tileset = p[1], .ability = p[2], .location = p[5], .music = p[6],
-                      .lighting = p[7], .border = s[0], .width = s[2], .height = s[1],
-                      .blocks = std::vector<std::uint8_t>(file.begin() + 1, file.end())});
-    }
-  }
-  return maps;
-}
-
 // The demo with every map bank filled up to 16 or 15 maps with copies of its maps, each copy
 // given a warp; the copies the patch edits are listed in `patched`.
 struct LargeWorld {
@@ -52,7 +34,7 @@ struct LargeWorld {
 
 const LargeWorld& World() {
   static const LargeWorld world = [] {
-    const std::vector<MapDecl> models = DemoMaps();
+    const std::vector<MapDecl> models = bench::DemoMaps();
     RomBuilder builder = DemoRomBuilder();
     std::vector<PatchedMap> copies;
     std::size_t next = 0;

@@ -12,6 +12,7 @@
 #include <vector>
 
 #include "BenchSupport.h"
+#include "DemoMapModels.h"
 #include "cli/Command.h"
 #include "maps/RomDocument.h"
 
@@ -20,30 +21,10 @@ namespace {
 
 constexpr int kMapTotal = 400;
 
-// The demo's maps as declarations again (headers and blocks, no connections or events), read
-// back from the demo ROM, so that the copies draw real scenery with the demo's tilesets.
-std::vector<MapDecl> DemoMaps() {
-  RomDocument doc;
-  doc.OpenRom(bench::DemoRomPath(), bench::DemoSettings());
-  std::vector<MapDecl> maps;
-  for (int bank = 0; bank < kMapBankCount; ++bank) {
-    for (int map = 0; map < doc.MapCountPerBank()[static_cast<std::size_t>(bank)]; ++map) {
-      doc.LoadSelectedMap(bank, map);
-      const auto& p = doc.Primary().bytes;
-      const auto& s = doc.Secondary().bytes;
-      const std::vector<std::uint8_t> file = doc.MapFileBytes();  // the marker, then the rows
-      maps.push_back({.tileset = p[1], .ability = p[2], .location = p[5], .music = p[6],
-                      .lighting = p[7], .border = s[0], .width = s[2], .height = s[1],
-                      .blocks = std::vector<std::uint8_t>(file.begin() + 1, file.end())});
-    }
-  }
-  return maps;
-}
-
 // The demo with every map bank filled up to 16 maps (the first ten) or 15 (the others):
 // copies of the demo's maps in turn, with a few blocks changed so that no two are alike.
 std::vector<std::uint8_t> BuildLargeWorld() {
-  const std::vector<MapDecl> models = DemoMaps();
+  const std::vector<MapDecl> models = bench::DemoMaps();
   RomBuilder builder = DemoRomBuilder();
   std::mt19937 rng(2024);
   std::size_t next = 0;

@@ -170,7 +170,8 @@ std::variant<Json, PatchProblem> ParsePatchText(const std::string& text) {
 std::variant<MapEdit, PatchProblem> ParseMapEdit(const Json& entry, std::size_t index,
                                                  const std::string& patch_directory) {
   MapEdit edit;
-  edit.path = "[" + std::to_string(index) + "]";
+  // Built by appending: GCC 12 takes "[" + std::to_string(index) for an overlapping copy.
+  edit.path = std::string("[").append(std::to_string(index)).append("]");
   if (!entry.is_object()) return At(edit.path, "an entry is an object with bank, map and the edits");
   bool bank = false, map = false;
   // The keys are taken in the order the file gives them, so the first problem is the first
